@@ -1,0 +1,40 @@
+#pragma once
+// Module windows are opened only through here, so that subsystems never
+// include each other's windows. The program's main() registers a factory for
+// each window it has; OpenWindow creates the window on first use (one
+// instance each), restores it when minimised and shows it, not modally.
+#include <QList>
+#include <QWidget>
+#include <functional>
+
+enum class WindowId {
+  ControlCentre,
+  ScientificCalculator,  // comand1
+  NormalCalculator,
+  ExtendedDisplay,       // the calculators' large display
+  FunctionTable,
+  Plot,
+  UnitConverter,
+  PeriodicTable,
+  Banking,
+  Lottery,
+  Chronometer,
+  Calendar,
+  Geometry,
+  Preferences,
+  About,
+  Help,
+};
+
+using WindowFactory = std::function<QWidget*()>;
+
+void registerWindowFactory(WindowId id, WindowFactory factory);
+bool hasWindowFactory(WindowId id);
+// Creates (first time) and shows the window; nullptr when no factory exists.
+QWidget* OpenWindow(WindowId id);
+// The window if it has been created and is still alive, else nullptr.
+QWidget* findWindow(WindowId id);
+// Every window created so far and still alive (the program's open windows).
+QList<QWidget*> openWindows();
+// Forgets every factory and window (tests).
+void clearWindowRegistry();

@@ -1,0 +1,35 @@
+// The command-line tool's common options, whatever subcommands exist.
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include "tests/support/TestSupport.h"
+
+TEST(CliOptions, HelpListsTheOptionsAndExitsZero) {
+  const CliRun r = runCli({QStringLiteral("--help")});
+  EXPECT_EQ(r.exitCode, 0);
+  for (const char* option : {"--json", "--decimal", "--lang", "--answer", "--version"}) {
+    EXPECT_TRUE(r.out.contains(QLatin1String(option))) << option;
+  }
+}
+
+TEST(CliOptions, VersionPrintsTheProgramName) {
+  const CliRun r = runCli({QStringLiteral("--version")});
+  EXPECT_EQ(r.exitCode, 0);
+  EXPECT_TRUE(r.out.startsWith(QLatin1String("calvix-cli "))) << r.out.toStdString();
+}
+
+TEST(CliOptions, BadUsageExitsTwoWithAMessage) {
+  const QList<QStringList> cases = {
+      {},
+      {QStringLiteral("no-such-command")},
+      {QStringLiteral("--no-such-option")},
+      {QStringLiteral("--lang"), QStringLiteral("de"), QStringLiteral("--help-me")},
+      {QStringLiteral("--decimal"), QStringLiteral(";"), QStringLiteral("x")},
+      {QStringLiteral("--lang")},
+  };
+  for (const QStringList& args : cases) {
+    const CliRun r = runCli(args);
+    EXPECT_EQ(r.exitCode, 2) << args.join(QLatin1Char(' ')).toStdString();
+    EXPECT_FALSE(r.err.isEmpty()) << args.join(QLatin1Char(' ')).toStdString();
+  }
+}

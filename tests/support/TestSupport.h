@@ -1,0 +1,44 @@
+#pragma once
+// Shared test fixture: a fresh program state for every test, the decimal symbol
+// pinned, and a scripted message presenter that records every message.
+#include <gtest/gtest.h>
+
+#include <QLocale>
+#include <QTemporaryDir>
+
+#include "shell/MessageService.h"
+#include "shell/ProgramState.h"
+
+// Readable QString values in failure messages.
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
+// A system that writes 1.5 as "1.5" (group mark ",") or as "1,5" (group mark ".").
+QLocale pointLocale();
+QLocale commaLocale();
+
+// Gives each test a fresh ProgramState on a "." system, a scripted presenter
+// and a temporary AppFolder. Tests that need the "," system call useComma().
+class CalvixTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+  void useComma();
+  void usePoint();
+  ScriptedPresenter messages;
+  QTemporaryDir appFolder;
+
+ private:
+  MessagePresenter* previous_ = nullptr;
+};
+
+// Path of a file in the source tree (for tests that scan sources or read samples).
+QString sourcePath(const QString& relative);
+
+// Runs the built calvix-cli with the given arguments; stdout, stderr and the
+// exit code come back.
+struct CliRun {
+  QString out;
+  QString err;
+  int exitCode = -1;
+};
+CliRun runCli(const QStringList& args);
