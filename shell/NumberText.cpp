@@ -1,9 +1,10 @@
 #include "shell/NumberText.h"
 
 #include <cmath>
-#include <cstdio>
+#include <charconv>
 #include <cstdlib>
 #include <limits>
+#include <string>
 
 #include "shell/Numeric.h"
 #include "shell/ProgramState.h"
@@ -11,81 +12,96 @@
 
 namespace rt {
 
-DecimalDigits significantDigits(double x, int precision) {
-  DecimalDigits d;
-  if (x == 0 || !std::isfinite(x)) {
-    d.digits = QStringLiteral("0");
-    return d;
-  }
-  // printf rounds correctly to the digits asked for; we only reshape its text.
+namespace {
+
+// The rounded significant digits of x in a fixed buffer: the shared fast core
+// of Str and the default text.
+struct RawDigits {
+  bool negative = false;
+  char digits[24] = {'0'};
+  int count = 1;      // no trailing zeros
+  int exponent = 0;   // weight of the first digit
+};
+
+RawDigits rawDigits(double x, int precision) {
+  RawDigits d;
+  if (x == 0 || !std::isfinite(x)) return d;
+  // to_chars rounds correctly to the digits asked for; we only reshape its text.
   char buf[64];
-  std::snprintf(buf, sizeof buf, "%.*e", precision - 1, x);
+  const auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, precision - 1);
   const char* p = buf;
   if (*p == '-') {
     d.negative = true;
     ++p;
   }
-  QString digits;
-  digits.reserve(precision);
-  for (; *p && *p != 'e'; ++p) {
-    if (*p != '.') digits += QLatin1Char(*p);
+  int n = 0;
+  for (; p < res.ptr && *p != 'e'; ++p) {
+    if (*p != '.') d.digits[n++] = *p;
   }
-  if (*p == 'e') d.exponent = std::atoi(p + 1);
-  while (digits.size() > 1 && digits.endsWith(QLatin1Char('0'))) digits.chop(1);
-  d.digits = digits;
+  if (p < res.ptr) std::from_chars(*(p + 1) == '+' ? p + 2 : p + 1, res.ptr, d.exponent);
+  while (n > 1 && d.digits[n - 1] == '0') --n;
+  d.count = n;
   return d;
 }
 
-namespace {
-
 // Plain digits when the first digit's weight lies from 10^-4 up to below
 // 10^precision; the exponent form outside, as the classic runtime writes
-// "1E+15" and "1E-05".
-QString layoutDigits(const DecimalDigits& d, int precision, QChar point) {
-  QString out;
-  if (d.negative) out += QLatin1Char('-');
-  const int n = static_cast<int>(d.digits.size());
+// "1E+15" and "1E-05". Writes into out (at least 40 units) and returns the length.
+int layoutDigits(const RawDigits& d, int precision, char16_t point, bool blank, char16_t* out) {
+  int k = 0;
+  if (d.negative) out[k++] = u'-';
+  else if (blank) out[k++] = u' ';
+  const int n = d.count;
   if (d.exponent >= precision || d.exponent < -4) {
-    out += d.digits.at(0);
+    out[k++] = static_cast<char16_t>(d.digits[0]);
     if (n > 1) {
-      out += point;
-      out += QStringView(d.digits).mid(1);
+      out[k++] = point;
+      for (int i = 1; i < n; ++i) out[k++] = static_cast<char16_t>(d.digits[i]);
     }
-    out += QLatin1Char('E');
-    out += d.exponent < 0 ? QLatin1Char('-') : QLatin1Char('+');
+    out[k++] = u'E';
+    out[k++] = d.exponent < 0 ? u'-' : u'+';
     const int e = std::abs(d.exponent);
-    if (e < 10) out += QLatin1Char('0');
-    out += QString::number(e);
+    if (e >= 100) out[k++] = static_cast<char16_t>(u'0' + e / 100);
+    out[k++] = static_cast<char16_t>(u'0' + (e / 10) % 10);
+    out[k++] = static_cast<char16_t>(u'0' + e % 10);
   } else if (d.exponent < 0) {
-    out += QLatin1Char('0');
-    out += point;
-    for (int i = -1; i > d.exponent; --i) out += QLatin1Char('0');
-    out += d.digits;
-  } else if (n <= d.exponent + 1) {
-    out += d.digits;
-    for (int i = n; i <= d.exponent; ++i) out += QLatin1Char('0');
+    out[k++] = u'0';
+    out[k++] = point;
+    for (int i = -1; i > d.exponent; --i) out[k++] = u'0';
+    for (int i = 0; i < n; ++i) out[k++] = static_cast<char16_t>(d.digits[i]);
   } else {
-    out += QStringView(d.digits).left(d.exponent + 1);
-    out += point;
-    out += QStringView(d.digits).mid(d.exponent + 1);
+    for (int i = 0; i <= d.exponent || i < n; ++i) {
+      if (i == d.exponent + 1) out[k++] = point;
+      out[k++] = i < n ? static_cast<char16_t>(d.digits[i]) : u'0';
+    }
   }
-  return out;
+  return k;
 }
 
-QString withBlank(QString s) {
-  if (!s.startsWith(QLatin1Char('-'))) s.prepend(QLatin1Char(' '));
-  return s;
+QString numberText(double x, int precision, char16_t point, bool blank) {
+  char16_t buf[48];
+  const int n = layoutDigits(rawDigits(x, precision), precision, point, blank, buf);
+  return QString(reinterpret_cast<const QChar*>(buf), n);
 }
 
 }  // namespace
 
-QString Str(double x) { return withBlank(layoutDigits(significantDigits(x, 15), 15, QLatin1Char('.'))); }
+DecimalDigits significantDigits(double x, int precision) {
+  const RawDigits r = rawDigits(x, precision);
+  DecimalDigits d;
+  d.negative = r.negative;
+  d.digits = QString::fromLatin1(r.digits, r.count);
+  d.exponent = r.exponent;
+  return d;
+}
 
-QString StrSingle(float x) { return withBlank(layoutDigits(significantDigits(x, 7), 7, QLatin1Char('.'))); }
+QString Str(double x) { return numberText(x, 15, u'.', true); }
 
-QString NumberToText(double x) { return layoutDigits(significantDigits(x, 15), 15, program().systemDecimal); }
+QString StrSingle(float x) { return numberText(x, 7, u'.', true); }
 
-QString NumberToTextSingle(float x) { return layoutDigits(significantDigits(x, 7), 7, program().systemDecimal); }
+QString NumberToText(double x) { return numberText(x, 15, program().systemDecimal.unicode(), false); }
+
+QString NumberToTextSingle(float x) { return numberText(x, 7, program().systemDecimal.unicode(), false); }
 
 namespace {
 
@@ -118,63 +134,93 @@ int digitOf(QChar c, int base) {
   return v >= 0 && v < base ? v : -1;
 }
 
-double clampHuge(double v) {
-  if (std::isinf(v)) return std::copysign(std::numeric_limits<double>::max(), v);
-  return v;
-}
-
 }  // namespace
 
 double Val(const QString& text) {
-  // First drop every blank, tab and line feed: the runtime skips them anywhere.
-  QString s;
-  s.reserve(text.size());
-  for (QChar c : text) {
-    if (!isBlank(c)) s += c;
-  }
-  qsizetype i = 0;
-  const qsizetype n = s.size();
-  if (n >= 2 && s.at(0) == QLatin1Char('&')) {
-    const QChar k = s.at(1).toLower();
-    const int base = k == QLatin1Char('h') ? 16 : (k == QLatin1Char('o') ? 8 : 0);
+  // Blanks, tabs and line feeds are skipped anywhere, so the scan works on a
+  // copy of the significant characters only, kept in a small ASCII buffer.
+  char buf[400];
+  int n = 0;
+  const QChar* p = text.constData();
+  const QChar* end = p + text.size();
+  auto next = [&]() -> char16_t {
+    while (p < end && isBlank(*p)) ++p;
+    return p < end ? p->unicode() : u'\0';
+  };
+  auto isDigit = [](char16_t c) { return c >= u'0' && c <= u'9'; };
+  char16_t c = next();
+  if (c == u'&') {
+    ++p;
+    const char16_t k = next();
+    const int base = (k == u'h' || k == u'H') ? 16 : ((k == u'o' || k == u'O') ? 8 : 0);
     if (base == 0) return 0;
+    ++p;
     QString digits;
-    for (i = 2; i < n && digitOf(s.at(i), base) >= 0; ++i) digits += s.at(i);
+    while (p < end) {
+      const char16_t d = next();
+      if (d == u'\0' || digitOf(QChar(d), base) < 0) break;
+      digits += QChar(d);
+      ++p;
+    }
     double v = 0;
     return radixValue(digits, base, v) ? v : 0;
   }
-  QByteArray number;
-  if (i < n && (s.at(i) == QLatin1Char('-') || s.at(i) == QLatin1Char('+'))) number += static_cast<char>(s.at(i++).unicode());
-  bool anyDigit = false;
-  while (i < n && s.at(i).isDigit() && s.at(i).unicode() < 128) {
-    number += static_cast<char>(s.at(i++).unicode());
-    anyDigit = true;
+  bool negative = false;
+  if (c == u'-' || c == u'+') {
+    negative = c == u'-';
+    ++p;
+    c = next();
   }
-  if (i < n && s.at(i) == QLatin1Char('.')) {
-    number += '.';
-    ++i;
-    while (i < n && s.at(i).isDigit() && s.at(i).unicode() < 128) {
-      number += static_cast<char>(s.at(i++).unicode());
+  bool anyDigit = false;
+  auto take = [&](char ch) {
+    if (n < static_cast<int>(sizeof buf) - 8) buf[n++] = ch;
+  };
+  while (isDigit(c)) {
+    take(static_cast<char>(c));
+    anyDigit = true;
+    ++p;
+    c = next();
+  }
+  if (c == u'.') {
+    take('.');
+    ++p;
+    c = next();
+    while (isDigit(c)) {
+      take(static_cast<char>(c));
       anyDigit = true;
+      ++p;
+      c = next();
     }
   }
   if (!anyDigit) return 0;
-  if (i < n) {
-    const QChar e = s.at(i).toLower();
-    if (e == QLatin1Char('e') || e == QLatin1Char('d')) {
-      qsizetype j = i + 1;
-      QByteArray exp = "e";
-      if (j < n && (s.at(j) == QLatin1Char('-') || s.at(j) == QLatin1Char('+'))) exp += static_cast<char>(s.at(j++).unicode());
-      bool expDigit = false;
-      while (j < n && s.at(j).isDigit() && s.at(j).unicode() < 128) {
-        exp += static_cast<char>(s.at(j++).unicode());
-        expDigit = true;
-      }
-      if (expDigit) number += exp;
+  if (c == u'e' || c == u'E' || c == u'd' || c == u'D') {
+    ++p;
+    char16_t s = next();
+    const int mark = n;
+    take('e');
+    if (s == u'-' || s == u'+') {
+      take(static_cast<char>(s));
+      ++p;
+      s = next();
     }
+    bool expDigit = false;
+    while (isDigit(s)) {
+      take(static_cast<char>(s));
+      expDigit = true;
+      ++p;
+      s = next();
+    }
+    if (!expDigit) n = mark;  // "1e" is just 1
   }
-  // Val never fails: a number past the double range is held at the largest one.
-  return clampHuge(std::strtod(number.constData(), nullptr));
+  double v = 0;
+  const auto res = std::from_chars(buf, buf + n, v);
+  if (res.ec == std::errc::result_out_of_range) {
+    // Val never fails: past the double range it holds at the largest number,
+    // and below the smallest it gives zero.
+    v = std::strtod(std::string(buf, static_cast<size_t>(n)).c_str(), nullptr);
+    if (std::isinf(v)) v = std::numeric_limits<double>::max();
+  }
+  return negative ? -v : v;
 }
 
 namespace {

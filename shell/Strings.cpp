@@ -1,11 +1,13 @@
 #include "shell/Strings.h"
 
+#include <QDir>
 #include <QFile>
 #include <QHash>
 #include <QStringList>
 
 #include "shell/ProgramState.h"
 
+// The resource lives in a static library: it must be registered by hand.
 static void initStringResource() { Q_INIT_RESOURCE(strings); }
 
 namespace {
@@ -42,25 +44,27 @@ const Table& table() {
   static const Table t = [] {
     initStringResource();
     Table tab;
-    QFile f(QStringLiteral(":/strings/strings.tsv"));
-    if (!f.open(QIODevice::ReadOnly)) return tab;
-    const QString all = QString::fromUtf8(f.readAll());
-    const QStringList lines = all.split(QLatin1Char('\n'));
-    for (const QString& raw : lines) {
-      QString line = raw;
-      if (line.endsWith(QLatin1Char('\r'))) line.chop(1);
-      if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
-      const QStringList cells = line.split(QLatin1Char('\t'));
-      bool ok = false;
-      const int id = cells.value(0).toInt(&ok);
-      if (!ok || id < 0 || id >= kBlock) continue;
-      int count = 0;
-      for (int lang = 0; lang < kLanguages; ++lang) {
-        if (cells.size() <= lang + 1) break;
-        tab.texts.insert(lang * kBlock + id, unescape(cells.at(lang + 1)));
-        ++count;
+    const QDir dir(QStringLiteral(":/strings"));
+    for (const QString& name : dir.entryList({QStringLiteral("*.tsv")}, QDir::Files, QDir::Name)) {
+      QFile f(dir.filePath(name));
+      if (!f.open(QIODevice::ReadOnly)) continue;
+      const QStringList lines = QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'));
+      for (const QString& raw : lines) {
+        QString line = raw;
+        if (line.endsWith(QLatin1Char('\r'))) line.chop(1);
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
+        const QStringList cells = line.split(QLatin1Char('\t'));
+        bool ok = false;
+        const int id = cells.value(0).toInt(&ok);
+        if (!ok || id < 0 || id >= kBlock) continue;
+        int count = 0;
+        for (int lang = 0; lang < kLanguages; ++lang) {
+          if (cells.size() <= lang + 1) break;
+          tab.texts.insert(lang * kBlock + id, unescape(cells.at(lang + 1)));
+          ++count;
+        }
+        tab.present.insert(id, count);
       }
-      tab.present.insert(id, count);
     }
     return tab;
   }();

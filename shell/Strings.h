@@ -1,8 +1,8 @@
 #pragma once
 // The string table: every text a user sees, by number, in four languages.
 // Ids 0..9999 are Spanish; the same id + 10000, + 20000, + 30000 holds the
-// English, French and Catalan text. The table is shell/strings/strings.tsv,
-// compiled into the program.
+// English, French and Catalan text. The table is the files shell/strings/*.tsv
+// (one per area of the program), compiled into the program.
 #include <QString>
 
 // The text of string number id (language block included). An id with no row

@@ -129,6 +129,8 @@ TEST_F(NumberText, ValReadsFromTheLeftAndNeverFails) {
   // Past the double range Val holds at the largest number instead of failing.
   EXPECT_EQ(Val(QStringLiteral("1e400")), std::numeric_limits<double>::max());
   EXPECT_EQ(Val(QStringLiteral("-1e400")), -std::numeric_limits<double>::max());
+  EXPECT_EQ(Val(QStringLiteral(".5e400")), std::numeric_limits<double>::max());
+  EXPECT_EQ(Val(QStringLiteral("1e-400")), 0);
 }
 
 TEST_F(NumberText, ValIgnoresTheSystemSeparator) {

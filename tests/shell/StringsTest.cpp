@@ -1,5 +1,6 @@
 // The string table: every id the code asks for exists in all four
 // languages, the file is well formed, and the language blocks answer.
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
@@ -49,22 +50,30 @@ TEST(StringTable, EveryIdUsedInCodeHasAllFourLanguages) {
   }
 }
 
-TEST(StringTable, FileHasOneRowPerIdWithFiveCells) {
-  QFile f(sourcePath(QStringLiteral("shell/strings/strings.tsv")));
-  ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-  const QStringList lines = QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'));
-  QSet<int> seen;
-  int lineNo = 0;
-  for (const QString& line : lines) {
-    ++lineNo;
-    if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
-    const QStringList cells = line.split(QLatin1Char('\t'));
-    EXPECT_EQ(cells.size(), 5) << "line " << lineNo << ": " << line.toStdString();
-    bool ok = false;
-    const int id = cells.value(0).toInt(&ok);
-    EXPECT_TRUE(ok && id >= 0 && id < 10000) << "line " << lineNo << " has a bad id";
-    EXPECT_FALSE(seen.contains(id)) << "id " << id << " appears twice (line " << lineNo << ")";
-    seen.insert(id);
+TEST(StringTable, FilesHaveOneRowPerIdWithFiveCells) {
+  const QDir dir(sourcePath(QStringLiteral("shell/strings")));
+  const QStringList files = dir.entryList({QStringLiteral("*.tsv")}, QDir::Files);
+  ASSERT_FALSE(files.isEmpty());
+  QMap<int, QString> seen;  // id -> file that holds it
+  for (const QString& name : files) {
+    QFile f(dir.filePath(name));
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly)) << name.toStdString();
+    const QStringList lines = QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'));
+    int lineNo = 0;
+    for (const QString& line : lines) {
+      ++lineNo;
+      if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
+      const std::string where = name.toStdString() + ":" + std::to_string(lineNo);
+      const QStringList cells = line.split(QLatin1Char('\t'));
+      EXPECT_EQ(cells.size(), 5) << where << ": " << line.toStdString();
+      EXPECT_FALSE(line.endsWith(QLatin1Char('\r'))) << where << " ends in CR";
+      bool ok = false;
+      const int id = cells.value(0).toInt(&ok);
+      EXPECT_TRUE(ok && id >= 0 && id < 10000) << where << " has a bad id";
+      EXPECT_FALSE(seen.contains(id)) << "id " << id << " is in " << seen.value(id).toStdString() << " and at "
+                                      << where;
+      seen.insert(id, name);
+    }
   }
 }
 
