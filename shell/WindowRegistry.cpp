@@ -14,6 +14,34 @@ Registry& registry() {
 }
 }  // namespace
 
+QList<WindowId> allWindowIds() {
+  QList<WindowId> ids;
+  for (int i = 0; i <= static_cast<int>(WindowId::Help); ++i) ids << static_cast<WindowId>(i);
+  return ids;
+}
+
+QString windowName(WindowId id) {
+  switch (id) {
+    case WindowId::ControlCentre: return QStringLiteral("control-centre");
+    case WindowId::ScientificCalculator: return QStringLiteral("calculator");
+    case WindowId::NormalCalculator: return QStringLiteral("normal-calculator");
+    case WindowId::ExtendedDisplay: return QStringLiteral("large-display");
+    case WindowId::FunctionTable: return QStringLiteral("function-table");
+    case WindowId::Plot: return QStringLiteral("plot");
+    case WindowId::UnitConverter: return QStringLiteral("converter");
+    case WindowId::PeriodicTable: return QStringLiteral("periodic-table");
+    case WindowId::Banking: return QStringLiteral("banking");
+    case WindowId::Lottery: return QStringLiteral("lottery");
+    case WindowId::Chronometer: return QStringLiteral("chronometer");
+    case WindowId::Calendar: return QStringLiteral("calendar");
+    case WindowId::Geometry: return QStringLiteral("geometry");
+    case WindowId::Preferences: return QStringLiteral("preferences");
+    case WindowId::About: return QStringLiteral("about");
+    case WindowId::Help: return QStringLiteral("help");
+  }
+  return QStringLiteral("window");
+}
+
 void registerWindowFactory(WindowId id, WindowFactory factory) {
   registry().factories.insert(static_cast<int>(id), std::move(factory));
 }

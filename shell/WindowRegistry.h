@@ -26,6 +26,11 @@ enum class WindowId {
   Help,
 };
 
+// Every id, in the order of the control centre's panel.
+QList<WindowId> allWindowIds();
+// A short file-name form of the id ("control-centre", "calculator", ...).
+QString windowName(WindowId id);
+
 using WindowFactory = std::function<QWidget*()>;
 
 void registerWindowFactory(WindowId id, WindowFactory factory);
