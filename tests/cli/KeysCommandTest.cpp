@@ -39,7 +39,7 @@ TEST_F(KeysCommand, PrintsTheStateAfterTheSequence) {
   EXPECT_TRUE(r.out.contains(QLatin1String("\nhistory\t9\n"))) << r.out.toStdString();
 }
 
-TEST_F(KeysCommand, EdgeCasesWithBothDecimalSymbols) {
+TEST_F(KeysCommand, TokensReachTheEngineWithBothDecimalSymbols) {
   const struct {
     const char* keys;
     const char* field;
@@ -48,12 +48,8 @@ TEST_F(KeysCommand, EdgeCasesWithBothDecimalSymbols) {
   } rows[] = {
       {"1.5 + 1.25 =", "numero", "2.75", "2,75"},
       {"5 < + 3 = 7 =", "numero", "-2", "-2"},
-      {"5 + 3 = 7 =", "numero", "7", "7"},
       {"2 Command61 1 / 3 =", "numero", "0.33", "0,33"},
-      {"1200 Command20", "result", "1.20e+03", "1,20e+03"},
       {"Command22 Command30(5) Command30(5) + 1 =", "numero", "256", "256"},
-      {"0 Command32 2.5 Command35", "numero", "2", "2"},
-      {"2 Command14 3 Command14 2 =", "numero", "64", "64"},
       {"1E<5", "numero", "1E-5", "1E-5"},
   };
   for (const auto& row : rows) {
