@@ -78,7 +78,8 @@ rt::Variant Evaluator::run(const ExprProgram& program) {
   try {
     rt::Variant value;
     double number = 0;
-    if (fastPath_ && program.fast && runFast(program, symbols_, number)) {
+    // A lone constant or variable comes back as it is, with its own type.
+    if (fastPath_ && program.fast && !program.code.empty() && runFast(program, symbols_, number)) {
       value = program.resultIsBoolean ? rt::Variant::boolean(number != 0) : rt::Variant(number);
     } else {
       value = runExact(program, symbols_);

@@ -9,7 +9,10 @@
 //       breaks; a variable is created on its first assignment; the value side
 //       is an expression. Nothing runs when the text has a syntax error.
 //   Eval(text)      the value of an expression in the current namespace: a
-//       number, a Boolean, or a text (BIN, BTD, "&").
+//       number, a Boolean, or a text (BIN, BTD, "&"). A number computed on
+//       the fast path comes back as a 64-bit float even where the variant
+//       rules would type it as an integer; the value, and so its text, is
+//       the same.
 //   Failures        every syntax or run-time failure is thrown as EvalError,
 //       with the classic number and a description in the user's language.
 //

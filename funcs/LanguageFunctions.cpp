@@ -1,15 +1,32 @@
 #include "funcs/LanguageFunctions.h"
 
+#include <bit>
+
 #include "shell/Numeric.h"
 #include "shell/Random.h"
 
+// The runtime's 24-bit linear congruential step.
+float LanguageFunctions::next() {
+  if (!seeded_) {
+    seed_ = static_cast<std::uint32_t>(rt::Rnd() * 16777216.0f) & 0xFFFFFFu;
+    seeded_ = true;
+  }
+  seed_ = (seed_ * 0x43FD43FDu + 0xC39EC3u) & 0xFFFFFFu;
+  return static_cast<float>(seed_) / 16777216.0f;
+}
+
 rt::Variant LanguageFunctions::Rnd(const rt::Variant* args, int n) {
   if (n == 1) {
-    const double v = args[0].toDouble();
+    const float v = args[0].toSingle();
     if (v == 0) return rt::Variant::single(lastRnd_);
-    if (v < 0) rt::Randomize(v);
+    if (v < 0) {
+      // The seed is made of the bits of the 32-bit float.
+      const auto bits = std::bit_cast<std::uint32_t>(v);
+      seed_ = (bits + (bits >> 24)) & 0xFFFFFFu;
+      seeded_ = true;
+    }
   }
-  lastRnd_ = rt::Rnd();
+  lastRnd_ = next();
   return rt::Variant::single(lastRnd_);
 }
 
