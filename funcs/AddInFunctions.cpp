@@ -19,33 +19,46 @@ constexpr int kAcceptCancel = 3;  // button set "Aceptar", "Cancelar"
 
 // Floating-point results of the library fail as the runtime does: an
 // overflow or a division by zero is an error, never an infinity.
-double checked(double r) { return rt::checkFinite(r); }
+inline double checked(double r) {
+  if (!std::isfinite(r)) [[unlikely]]
+    rt::raise(rt::kOverflow);
+  return r;
+}
 double quotient(double a, double b) {
   if (b == 0) rt::raise(a == 0 ? rt::kOverflow : rt::kDivisionByZero);
   return checked(a / b);
 }
 double square(double x) { return checked(x * x); }
-double angleFactor() { return program().angleFactor; }
+const double kLn10 = std::log(10.0);  // Log(10), the same double every time
 
 }  // namespace
 
 QString& calcContext() { return program().SectionTitle; }
 
-void AddInFunctions::enterCalculation() {
-  ProgramState& p = program();
-  if (contextOffset_ != p.LanguageOffset) {
+// The program state lives as long as the process and keeps its address
+// through resets: the library holds on to it instead of asking at each call.
+AddInFunctions::AddInFunctions() : state_(program()) {}
+
+// Comparing the text's storage keeps the common case, the context already
+// set, down to two comparisons.
+inline void AddInFunctions::enterCalculation() {
+  if (contextOffset_ == state_.LanguageOffset && state_.SectionTitle.constData() == contextText_.constData()) return;
+  setCalculationContext();
+}
+
+void AddInFunctions::setCalculationContext() {
+  if (contextOffset_ != state_.LanguageOffset) {
     contextText_ = Res(726);
-    contextOffset_ = p.LanguageOffset;
+    contextOffset_ = state_.LanguageOffset;
   }
-  // Comparing the text's storage keeps the common case (already set) cheap.
-  if (p.SectionTitle.constData() != contextText_.constData()) p.SectionTitle = contextText_;
+  state_.SectionTitle = contextText_;
 }
 
 double AddInFunctions::domainFailure(int n) {
   ReportError(n, kMessageSound, kMessageStyle, kAcceptCancel);
   if (xCell_) {
     xCell_(QString());
-    if (program().MessageResult == 1) xCell_(Res(2800));
+    if (state_.MessageResult == 1) xCell_(Res(2800));
   }
   return 0;
 }
@@ -96,34 +109,37 @@ rt::Variant AddInFunctions::Resta(const rt::Variant& a, const rt::Variant& b) co
   return rt::Variant::single(r);
 }
 
+// Past their guards ln, lg, sinf, cosf and tanf cannot fail, so they call
+// the C library directly: the runtime's Log, Sin, Cos and Tan add nothing
+// but a check there.
 double AddInFunctions::ln(double x) {
   enterCalculation();
   if (x <= 0) return domainFailure(3);
-  return rt::Log(x);
+  return std::log(x);
 }
 
 double AddInFunctions::lg(double x) {
   enterCalculation();
   if (x <= 0) return domainFailure(3);
-  return rt::Log(x) / rt::Log(10);
+  return std::log(x) / kLn10;
 }
 
 double AddInFunctions::asin(double x) {
   enterCalculation();
   if (std::fabs(x) > 1) return domainFailure(10);
   const double r = std::fabs(x) == 1 ? 2 * rt::Atn(1) * x : rt::Atn(quotient(x, rt::Sqr(1 - x * x)));
-  return quotient(r, angleFactor());
+  return quotient(r, state_.angleFactor);
 }
 
 double AddInFunctions::acos(double x) {
   enterCalculation();
   if (std::fabs(x) > 1) return domainFailure(11);
   if (x == 1) return 0;  // not divided by the factor: 0 in every mode
-  if (x == -1) return quotient(4 * rt::Atn(1), angleFactor());
-  return quotient(rt::Atn(quotient(-x, rt::Sqr(1 - x * x))) + 2 * rt::Atn(1), angleFactor());
+  if (x == -1) return quotient(4 * rt::Atn(1), state_.angleFactor);
+  return quotient(rt::Atn(quotient(-x, rt::Sqr(1 - x * x))) + 2 * rt::Atn(1), state_.angleFactor);
 }
 
-double AddInFunctions::atan(double x) const { return quotient(rt::Atn(x), angleFactor()); }
+double AddInFunctions::atan(double x) const { return quotient(rt::Atn(x), state_.angleFactor); }
 
 double AddInFunctions::hsin(double x) {
   enterCalculation();
@@ -162,21 +178,21 @@ double AddInFunctions::sinf(double x) {
   enterCalculation();
   if (std::fabs(x) > 1e15) return domainFailure(104);
   if (std::fabs(x) < 1e-15) return 0;
-  return rt::Sin(checked(angleFactor() * x));
+  return std::sin(state_.angleFactor * x);
 }
 
 double AddInFunctions::cosf(double x) {
   enterCalculation();
   if (std::fabs(x) > 1e15) return domainFailure(104);
   if (std::fabs(x) < 1e-15) return 0;  // so cosf(0) is 0, as the library always gave
-  return rt::Cos(checked(angleFactor() * x));
+  return std::cos(state_.angleFactor * x);
 }
 
 double AddInFunctions::tanf(double x) {
   enterCalculation();
   if (std::fabs(x) > 1e15) return domainFailure(104);
   if (std::fabs(x) < 1e-15) return 0;
-  return rt::Tan(checked(angleFactor() * x));
+  return std::tan(state_.angleFactor * x);
 }
 
 QString AddInFunctions::BIN(double d) {

@@ -17,12 +17,15 @@
 
 #include "funcs/FunctionLibrary.h"
 
+struct ProgramState;
+
 class AddInFunctions : public FunctionLibrary {
  public:
   // Receives the new text of the X cell of the function table's current row:
   // empty to clear it, or "Error" (string 2800) when the user cancelled.
   using XCellHook = std::function<void(const QString& text)>;
 
+  AddInFunctions();
   const std::vector<FunctionDef>& functions() const override;
   void setXCellHook(XCellHook hook) { xCell_ = std::move(hook); }
 
@@ -56,10 +59,12 @@ class AddInFunctions : public FunctionLibrary {
  private:
   // Puts calcContext to "Cálculo", as every operation that can fail does on entry.
   void enterCalculation();
+  void setCalculationContext();
   // The domain-failure procedure for message n; returns the 0 the operation gives back.
   double domainFailure(int n);
 
   XCellHook xCell_;
+  ProgramState& state_;
   QString contextText_;
   int contextOffset_ = -1;
 };

@@ -73,6 +73,28 @@ rt::Variant Evaluator::evaluate(const Expression& expression) {
   return run(*expression.program_);
 }
 
+double Evaluator::evaluateNumber(const Expression& expression) {
+  if (!expression.program_) throw EvalError(EvalError::kExpectedExpression);
+  const ExprProgram& program = *expression.program_;
+  // The caller's handle keeps the program alive: no run guard is needed.
+  if (fastPath_ && program.fast) {
+    double number = 0;
+    bool done = false;
+    try {
+      done = runFast(program, symbols_, number);
+    } catch (const rt::RuntimeError& e) {
+      throw EvalError(e);
+    }
+    if (done) return number;
+  }
+  const rt::Variant value = run(program);
+  try {
+    return value.toDouble();
+  } catch (const rt::RuntimeError& e) {
+    throw EvalError(e);
+  }
+}
+
 rt::Variant Evaluator::run(const ExprProgram& program) {
   RunGuard guard(running_);
   try {

@@ -62,6 +62,9 @@ class Evaluator {
 
   Expression compile(const QString& text);
   rt::Variant evaluate(const Expression& expression);
+  // The value as a 64-bit float (a Boolean is -1 or 0, a text is read as a
+  // number), for callers that tabulate or plot.
+  double evaluateNumber(const Expression& expression);
 
   // Direct access to variables, for callers that hold numbers, not texts.
   // variableSlot creates the variable (undefined) when it is new; it throws

@@ -1,5 +1,7 @@
 #include "funcs/ExprCompiler.h"
 
+#include <algorithm>
+
 #include "funcs/EvalError.h"
 
 namespace {
@@ -285,6 +287,10 @@ ExprCompiler::Operand ExprCompiler::emitBinary(Op op, Operand l, Operand r) {
   }
   if (other) kind = (kind == Kind::Bool) ? Kind::Bool : Kind::Other;
   if (other || kind == Kind::Other) prog_.fast = false;
+  if (op == Op::Pow && (r.ref & kSpaceMask) == kConstSpace && r.kind == Kind::Num &&
+      prog_.numbers[r.ref & kIndexMask] == 2) {
+    op = Op::Square;
+  }
   release(r);
   release(l);
   const Operand d = allocTemp(kind);
@@ -295,7 +301,7 @@ ExprCompiler::Operand ExprCompiler::emitBinary(Op op, Operand l, Operand r) {
 ExprCompiler::Operand ExprCompiler::emitCall(const FunctionDef* def, FunctionLibrary* library,
                                              const std::vector<Operand>& args) {
   const auto fn = static_cast<std::uint32_t>(prog_.calls.size());
-  prog_.calls.push_back({def, library});
+  prog_.calls.push_back({def, library, def->f0, def->f1, def->f2, def->fn});
   const size_t n = args.size();
   bool otherArgs = false;
   for (const Operand& a : args) otherArgs = otherArgs || a.kind == Kind::Other;
@@ -345,4 +351,57 @@ void ExprCompiler::finish(Operand result) {
   prog_.result = place(result.ref);
   prog_.resultIsBoolean = result.kind == Kind::Bool;
   if (result.kind == Kind::Other) prog_.fast = false;
+  prog_.frame.assign(prog_.frameSize(), 0.0);
+  std::copy(prog_.numbers.begin(), prog_.numbers.end(), prog_.frame.begin());
+  if (prog_.fast) bindFastCode();
+}
+
+void ExprCompiler::bindFastCode() {
+  ExprProgram& p = prog_;
+  const std::uint32_t vbase = p.variableBase();
+  const std::uint32_t tbase = p.tempBase();
+  auto address = [&](std::uint32_t i) -> double* {
+    if (i >= vbase && i < tbase) return const_cast<double*>(symbols_.numberAddress(p.variables[i - vbase]));
+    return &p.frame[i];
+  };
+  for (int slot : p.variables) p.variableStates.push_back(symbols_.stateAddress(slot));
+  p.fastArgs.reserve(p.args.size());
+  for (std::uint32_t a : p.args) p.fastArgs.push_back(address(a));
+  p.fastCode.reserve(p.code.size());
+  for (const Instr& ins : p.code) {
+    FastInstr f{ins.op, 0, 0, address(ins.dst), nullptr, nullptr, nullptr, nullptr, nullptr};
+    const ExprProgram::Call* call = ins.op >= Op::Call0 ? &p.calls[ins.fn] : nullptr;
+    if (call) f.library = call->library;
+    // The function pointers are stored type-erased and cast back by op.
+    switch (ins.op) {
+      case Op::Call0: f.function = reinterpret_cast<void (*)()>(call->f0); break;
+      case Op::Call1:
+        f.function = reinterpret_cast<void (*)()>(call->f1);
+        f.a = address(ins.a);
+        break;
+      case Op::Call2:
+        f.function = reinterpret_cast<void (*)()>(call->f2);
+        f.a = address(ins.a);
+        f.b = address(ins.b);
+        break;
+      case Op::CallN:
+        f.function = reinterpret_cast<void (*)()>(call->fn);
+        f.count = ins.b;
+        f.args = p.fastArgs.data() + ins.a;
+        break;
+      case Op::Neg:
+      case Op::Not: f.a = address(ins.a); break;
+      default:
+        f.a = address(ins.a);
+        f.b = address(ins.b);
+        break;
+    }
+    if (!p.fastCode.empty() && ins.op != Op::Call0 && ins.op != Op::CallN) {
+      const double* previous = p.fastCode.back().dst;
+      if (f.a == previous) f.fromPrevious |= 1;
+      if (f.b == previous && f.b != nullptr) f.fromPrevious |= 2;
+    }
+    p.fastCode.push_back(f);
+  }
+  p.fastResult = address(p.result);
 }

@@ -51,6 +51,7 @@ class ExprCompiler {
   void release(Operand x);
   Operand allocTemp(Kind kind);
   void finish(Operand result);
+  void bindFastCode();
 
   ExprSymbols& symbols_;
   std::unique_ptr<ExprLexer> lexer_;

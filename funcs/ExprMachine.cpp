@@ -19,7 +19,7 @@ inline double checked(double r) {
 inline double power(double x, double y) {
   if (x < 0 && y != std::floor(y)) rt::raise(rt::kInvalidProcedureCall);
   if (x == 0 && y < 0) rt::raise(rt::kInvalidProcedureCall);
-  return checked(std::pow(x, y));
+  return checked(y == 2 ? x * x : std::pow(x, y));
 }
 
 inline double divide(double x, double y) {
@@ -80,81 +80,71 @@ rt::Variant callExact(const ExprProgram::Call& call, const rt::Variant* args, in
   return rt::Variant(def.fn(*call.library, x, n));
 }
 
+using F0 = double (*)(FunctionLibrary&);
+using F1 = double (*)(FunctionLibrary&, double);
+using F2 = double (*)(FunctionLibrary&, double, double);
+using FN = double (*)(FunctionLibrary&, const double*, int);
+
+// A call with more than two arguments: they are gathered from their places.
+double callMany(const FastInstr& i) {
+  std::vector<double> x(i.count);
+  for (std::uint32_t k = 0; k < i.count; ++k) x[k] = *i.args[k];
+  return reinterpret_cast<FN>(i.function)(*i.library, x.data(), static_cast<int>(i.count));
+}
+
 }  // namespace
 
-bool runFast(const ExprProgram& p, const ExprSymbols& symbols, double& result) {
-  const unsigned char* states = symbols.states();
-  const double* numbers = symbols.numbers();
-  for (int slot : p.variables) {
-    if (states[slot] != ExprSymbols::kPlainNumber) return false;
-  }
-  constexpr std::uint32_t kLocal = 48;
-  double local[kLocal];
-  std::unique_ptr<double[]> heap;
-  double* f = local;
-  if (p.frameSize() > kLocal) {
-    heap = std::make_unique<double[]>(p.frameSize());
-    f = heap.get();
-  }
-  const size_t nc = p.numbers.size();
-  for (size_t i = 0; i < nc; ++i) f[i] = p.numbers[i];
-  for (size_t i = 0; i < p.variables.size(); ++i) f[nc + i] = numbers[p.variables[i]];
-
-  for (const Instr& i : p.code) {
+double executeFast(const ExprProgram& p) {
+  double last = 0;  // the value of the instruction just run
+  for (const FastInstr& i : p.fastCode) {
+    auto A = [&] { return (i.fromPrevious & 1) ? last : *i.a; };
+    auto B = [&] { return (i.fromPrevious & 2) ? last : *i.b; };
+    double r;
     switch (i.op) {
-      case Op::Add: f[i.dst] = checked(f[i.a] + f[i.b]); break;
-      case Op::Sub: f[i.dst] = checked(f[i.a] - f[i.b]); break;
-      case Op::Mul: f[i.dst] = checked(f[i.a] * f[i.b]); break;
-      case Op::Div: f[i.dst] = divide(f[i.a], f[i.b]); break;
-      case Op::Pow: f[i.dst] = power(f[i.a], f[i.b]); break;
-      case Op::IntDiv: f[i.dst] = rt::IntDiv(f[i.a], f[i.b]); break;
-      case Op::Mod: f[i.dst] = rt::Mod(f[i.a], f[i.b]); break;
-      case Op::Eq: f[i.dst] = truth(f[i.a] == f[i.b]); break;
-      case Op::Ne: f[i.dst] = truth(f[i.a] != f[i.b]); break;
-      case Op::Lt: f[i.dst] = truth(f[i.a] < f[i.b]); break;
-      case Op::Gt: f[i.dst] = truth(f[i.a] > f[i.b]); break;
-      case Op::Le: f[i.dst] = truth(f[i.a] <= f[i.b]); break;
-      case Op::Ge: f[i.dst] = truth(f[i.a] >= f[i.b]); break;
+      case Op::Add: r = checked(A() + B()); break;
+      case Op::Sub: r = checked(A() - B()); break;
+      case Op::Mul: r = checked(A() * B()); break;
+      case Op::Div: r = divide(A(), B()); break;
+      case Op::Pow: r = power(A(), B()); break;
+      case Op::Square: {
+        const double a = A();
+        r = checked(a * a);
+        break;
+      }
+      case Op::IntDiv: r = rt::IntDiv(A(), B()); break;
+      case Op::Mod: r = rt::Mod(A(), B()); break;
+      case Op::Eq: r = truth(A() == B()); break;
+      case Op::Ne: r = truth(A() != B()); break;
+      case Op::Lt: r = truth(A() < B()); break;
+      case Op::Gt: r = truth(A() > B()); break;
+      case Op::Le: r = truth(A() <= B()); break;
+      case Op::Ge: r = truth(A() >= B()); break;
       case Op::And:
       case Op::Or:
       case Op::Xor:
       case Op::Eqv:
-      case Op::Imp: f[i.dst] = logicalNumber(i.op, f[i.a], f[i.b]); break;
-      case Op::Neg: f[i.dst] = -f[i.a]; break;
-      case Op::Not: f[i.dst] = ~rt::CLng(f[i.a]); break;
-      case Op::Call0: {
-        const ExprProgram::Call& c = p.calls[i.fn];
-        f[i.dst] = c.def->f0(*c.library);
-        break;
-      }
-      case Op::Call1: {
-        const ExprProgram::Call& c = p.calls[i.fn];
-        f[i.dst] = c.def->f1(*c.library, f[i.a]);
-        break;
-      }
-      case Op::Call2: {
-        const ExprProgram::Call& c = p.calls[i.fn];
-        f[i.dst] = c.def->f2(*c.library, f[i.a], f[i.b]);
-        break;
-      }
-      case Op::CallN: {
-        const ExprProgram::Call& c = p.calls[i.fn];
-        double small[8];
-        std::unique_ptr<double[]> big;
-        double* x = small;
-        if (i.b > 8) {
-          big = std::make_unique<double[]>(i.b);
-          x = big.get();
-        }
-        for (std::uint32_t k = 0; k < i.b; ++k) x[k] = f[p.args[i.a + k]];
-        f[i.dst] = c.def->fn(*c.library, x, static_cast<int>(i.b));
-        break;
-      }
+      case Op::Imp: r = logicalNumber(i.op, A(), B()); break;
+      case Op::Neg: r = -A(); break;
+      case Op::Not: r = ~rt::CLng(A()); break;
+      case Op::Call0: r = reinterpret_cast<F0>(i.function)(*i.library); break;
+      case Op::Call1: r = reinterpret_cast<F1>(i.function)(*i.library, A()); break;
+      case Op::Call2: r = reinterpret_cast<F2>(i.function)(*i.library, A(), B()); break;
+      case Op::CallN: r = callMany(i); break;
       case Op::Concat:
       case Op::Is: rt::raise(rt::kTypeMismatch);  // never compiled as fast
+      default: __builtin_unreachable();
     }
+    *i.dst = r;
+    last = r;
   }
-  result = f[p.result];
+  return *p.fastResult;
+}
+
+bool checkVariables(const ExprProgram& p, const ExprSymbols& symbols) {
+  for (const unsigned char* state : p.variableStates) {
+    if (*state > ExprSymbols::kNumberOnly) return false;
+  }
+  p.checkedEpoch = symbols.epoch();
   return true;
 }
 
@@ -180,7 +170,8 @@ rt::Variant runExact(const ExprProgram& p, const ExprSymbols& symbols) {
       case Op::Sub: r = get(i.a) - get(i.b); break;
       case Op::Mul: r = get(i.a) * get(i.b); break;
       case Op::Div: r = get(i.a) / get(i.b); break;
-      case Op::Pow: r = rt::power(get(i.a), get(i.b)); break;
+      case Op::Pow:
+      case Op::Square: r = rt::power(get(i.a), get(i.b)); break;
       case Op::IntDiv: r = rt::intDivide(get(i.a), get(i.b)); break;
       case Op::Mod: r = rt::modulo(get(i.a), get(i.b)); break;
       case Op::Concat: r = rt::concat(get(i.a), get(i.b)); break;

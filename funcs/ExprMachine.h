@@ -13,9 +13,27 @@
 #include "funcs/ExprSymbols.h"
 #include "shell/Variant.h"
 
-// Returns false, having done nothing, when a variable is not a plain number.
-// Throws rt::RuntimeError on a failure.
-bool runFast(const ExprProgram& program, const ExprSymbols& symbols, double& result);
+// The instruction loop of the fast path, and the check that every variable
+// the program reads holds a plain number (which records the symbols' epoch).
+double executeFast(const ExprProgram& program);
+bool checkVariables(const ExprProgram& program, const ExprSymbols& symbols);
+
+// Returns false, having done nothing, when a variable is not a plain number,
+// or when the program is already running further up the stack (the variant
+// machine then takes it, with frames of its own). Throws rt::RuntimeError on
+// a failure. Inline: this is the whole cost of a run beside the loop.
+inline bool runFast(const ExprProgram& program, const ExprSymbols& symbols, double& result) {
+  if (program.busy || !program.fastResult) [[unlikely]]
+    return false;
+  if (program.checkedEpoch != symbols.epoch() && !checkVariables(program, symbols)) return false;
+  struct Busy {
+    bool& flag;
+    explicit Busy(bool& f) : flag(f) { flag = true; }
+    ~Busy() { flag = false; }
+  } busy(program.busy);
+  result = executeFast(program);
+  return true;
+}
 
 // Throws rt::RuntimeError, or EvalError for an undefined variable.
 rt::Variant runExact(const ExprProgram& program, const ExprSymbols& symbols);

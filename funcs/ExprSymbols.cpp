@@ -78,8 +78,10 @@ int ExprSymbols::variableSlot(QStringView name) {
   const int slot = static_cast<int>(names_.size());
   names_.push_back(name.toString());
   values_.emplace_back();
-  numbers_.push_back(0);
-  states_.push_back(kUndefined);
+  if ((slot >> kChunkBits) >= static_cast<int>(chunks_.size())) chunks_.push_back(std::make_unique<Chunk>());
+  number(slot) = 0;
+  state(slot) = kUndefined;
+  ++epoch_;
   insertEntry(names_.back(), Kind::Variable, slot);
   return slot;
 }
@@ -89,23 +91,27 @@ void ExprSymbols::assign(int slot, const rt::Variant& value) {
   values_[s] = value;
   const rt::VType t = value.type();
   const bool plain = t == rt::VType::Integer || t == rt::VType::Long || t == rt::VType::Double;
-  states_[s] = plain ? kPlainNumber : kOtherValue;
-  numbers_[s] = plain ? value.rawNumber() : 0;
+  state(slot) = plain ? kPlainNumber : kOtherValue;
+  number(slot) = plain ? value.rawNumber() : 0;
+  if (!plain) ++epoch_;
 }
 
-void ExprSymbols::assignNumber(int slot, double value) {
+const rt::Variant& ExprSymbols::value(int slot) const {
   const auto s = static_cast<size_t>(slot);
-  values_[s] = rt::Variant(value);
-  states_[s] = kPlainNumber;
-  numbers_[s] = value;
+  if (state(slot) == kNumberOnly) {
+    values_[s] = rt::Variant(number(slot));
+    state(slot) = kPlainNumber;
+  }
+  return values_[s];
 }
 
 void ExprSymbols::clearVariables() {
   for (size_t s = 0; s < values_.size(); ++s) {
     values_[s] = rt::Variant();
-    numbers_[s] = 0;
-    states_[s] = kUndefined;
+    number(static_cast<int>(s)) = 0;
+    state(static_cast<int>(s)) = kUndefined;
   }
+  ++epoch_;
 }
 
 void ExprSymbols::addFunctions(FunctionLibrary* library) {

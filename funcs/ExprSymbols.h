@@ -7,10 +7,14 @@
 // can refer to them by number. A slot exists as soon as a formula names the
 // variable; it is "defined" from its first assignment on. Beside each value
 // the slot keeps its number as a double and whether it is a plain number
-// (16-bit, 32-bit or 64-bit), which is what the fast path reads.
+// (16-bit, 32-bit or 64-bit), which is what the fast path reads, through
+// addresses that stay valid for the life of the symbols. The epoch changes
+// whenever a slot stops holding a plain number, so a compiled expression
+// that found all its variables plain need not look again until it changes.
 #include <QString>
 #include <QStringView>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "funcs/FunctionLibrary.h"
@@ -29,8 +33,10 @@ class ExprSymbols {
     int index = -1;  // slot, function or object number
   };
 
-  // Slot states as the fast path reads them.
-  enum SlotState : unsigned char { kPlainNumber = 0, kOtherValue = 1, kUndefined = 2 };
+  // Slot states as the fast path reads them: up to kNumberOnly the slot holds
+  // a plain number. kNumberOnly: set through assignNumber, the variant is
+  // made when someone asks for it.
+  enum SlotState : unsigned char { kPlainNumber = 0, kNumberOnly = 1, kOtherValue = 2, kUndefined = 3 };
 
   Lookup find(QStringView name) const;
 
@@ -38,13 +44,18 @@ class ExprSymbols {
   // the name belongs to a function or an object.
   int variableSlot(QStringView name);
   void assign(int slot, const rt::Variant& value);
-  void assignNumber(int slot, double value);
-  bool isDefined(int slot) const { return states_[static_cast<size_t>(slot)] != kUndefined; }
-  const rt::Variant& value(int slot) const { return values_[static_cast<size_t>(slot)]; }
+  void assignNumber(int slot, double value) {
+    Chunk& c = chunk(slot);
+    c.numbers[slot & kChunkMask] = value;
+    c.states[slot & kChunkMask] = kNumberOnly;
+  }
+  bool isDefined(int slot) const { return state(slot) != kUndefined; }
+  const rt::Variant& value(int slot) const;
   const QString& variableName(int slot) const { return names_[static_cast<size_t>(slot)]; }
   int variableCount() const { return static_cast<int>(names_.size()); }
-  const double* numbers() const { return numbers_.data(); }
-  const unsigned char* states() const { return states_.data(); }
+  const double* numberAddress(int slot) const { return &chunk(slot).numbers[slot & kChunkMask]; }
+  const unsigned char* stateAddress(int slot) const { return &chunk(slot).states[slot & kChunkMask]; }
+  std::uint64_t epoch() const { return epoch_; }
   void clearVariables();
 
   // Publishes the functions of a library as global names (later names win).
@@ -72,9 +83,19 @@ class ExprSymbols {
   std::vector<std::int32_t> buckets_;  // open addressing: entry number or -1
 
   std::vector<QString> names_;
-  std::vector<rt::Variant> values_;
-  std::vector<double> numbers_;
-  std::vector<unsigned char> states_;
+  mutable std::vector<rt::Variant> values_;
+  // Numbers and states in fixed chunks, so that their addresses survive growth.
+  static constexpr int kChunkBits = 8;
+  static constexpr int kChunkMask = (1 << kChunkBits) - 1;
+  struct Chunk {
+    double numbers[1 << kChunkBits];
+    unsigned char states[1 << kChunkBits];
+  };
+  Chunk& chunk(int slot) const { return *chunks_[static_cast<size_t>(slot >> kChunkBits)]; }
+  unsigned char& state(int slot) const { return chunk(slot).states[slot & kChunkMask]; }
+  double& number(int slot) const { return chunk(slot).numbers[slot & kChunkMask]; }
+  std::vector<std::unique_ptr<Chunk>> chunks_;
+  std::uint64_t epoch_ = 0;
 
   std::vector<Function> functions_;
   struct Object {
