@@ -1,5 +1,7 @@
 #include "funcs/Evaluator.h"
 
+#include <algorithm>
+
 #include "funcs/ExprCompiler.h"
 #include "funcs/ExprLexer.h"
 #include "funcs/ExprMachine.h"
@@ -39,6 +41,8 @@ void Evaluator::dropCompiled() {
   cache_.clear();
   lastText_.clear();
   lastProgram_ = nullptr;
+  literals_.clear();
+  literalText_.clear();
 }
 
 void Evaluator::AddObject(const QString& name, FunctionLibrary* object, bool addMembers) {
@@ -133,58 +137,86 @@ void Evaluator::AddCode(const QString& text) {
 }
 
 bool Evaluator::assignLiterals(const QString& text) {
-  struct Pending {
-    int slot;
-    rt::Variant value;
-  };
-  constexpr int kMax = 12;
-  Pending pending[kMax];
-  int count = 0;
   const QStringView t(text);
   const int n = static_cast<int>(t.size());
+  // The statements that the previous text had, unchanged and in the same
+  // place, are not read again: in a table only the x at the end changes.
+  // Where only a number changed, its name is not looked up again either.
+  size_t reused = 0;
   int i = 0;
+  int knownSlot = -1;  // slot of the statement whose number starts at i, when known
+  if (!literals_.empty()) {
+    const size_t m = std::min(static_cast<size_t>(n), literalText_.size());
+    const char16_t* a = t.utf16();
+    const int common = static_cast<int>(std::mismatch(a, a + m, literalText_.data()).first - a);
+    while (reused < literals_.size() && literals_[reused].end < common) ++reused;
+    if (common == n && static_cast<size_t>(n) == literalText_.size()) reused = literals_.size();
+    if (reused > 0) i = literals_[reused - 1].end;
+    if (reused < literals_.size() && literals_[reused].valueStart <= common) {
+      knownSlot = literals_[reused].slot;
+      i = literals_[reused].valueStart;
+    }
+  }
+  literals_.resize(reused);
+  auto giveUp = [this] {
+    literals_.clear();
+    literalText_.clear();
+    return false;
+  };
   auto skipBlanks = [&] {
     while (i < n && isBlank(t[i])) ++i;
   };
   for (;;) {
-    skipBlanks();
-    if (i >= n) break;
-    if (isSeparator(t[i])) {
+    int slot = knownSlot;
+    knownSlot = -1;
+    if (slot < 0) {
+      skipBlanks();
+      if (i >= n) break;
+      if (isSeparator(t[i])) {
+        ++i;
+        continue;
+      }
+      if (!isNameStart(t[i])) return giveUp();
+      const int start = i++;
+      while (i < n && isNamePart(t[i])) ++i;
+      const QStringView name = t.mid(start, i - start);
+      skipBlanks();
+      if (i >= n || t[i] != u'=') return giveUp();
       ++i;
-      continue;
+      skipBlanks();
+      // Anything but a plain variable name is left to the compiler, which
+      // reports the keyword or function that cannot be assigned.
+      const ExprSymbols::Lookup found = symbols_.find(name);
+      if (found.kind == ExprSymbols::Kind::Function || found.kind == ExprSymbols::Kind::Object) return giveUp();
+      if (keywordOf(name) != Tok::Name) return giveUp();
+      slot = found.kind == ExprSymbols::Kind::Variable ? found.index : symbols_.variableSlot(name);
     }
-    if (!isNameStart(t[i]) || count == kMax) return false;
-    const int start = i++;
-    while (i < n && isNamePart(t[i])) ++i;
-    const QStringView name = t.mid(start, i - start);
     skipBlanks();
-    if (i >= n || t[i] != u'=') return false;
-    ++i;
-    skipBlanks();
+    const int valueStart = i;
     bool negative = false;
     if (i < n && (t[i] == u'-' || t[i] == u'+')) {
       negative = t[i] == u'-';
       ++i;
       skipBlanks();
     }
-    if (i >= n || !(isDigit(t[i]) || (t[i] == u'.' && i + 1 < n && isDigit(t[i + 1])))) return false;
-    rt::Variant value;
+    if (i >= n || !(isDigit(t[i]) || (t[i] == u'.' && i + 1 < n && isDigit(t[i + 1])))) return giveUp();
+    NumberLiteral literal;
     int end = i;
-    if (scanNumber(t, i, end, value) != 0) return false;
+    if (scanNumber(t, i, end, literal) != 0) return giveUp();
     i = end;
+    const int after = i;
     skipBlanks();
-    if (i < n && !isSeparator(t[i])) return false;
-    // Anything but a plain variable name is left to the compiler, which
-    // reports the keyword or function that cannot be assigned.
-    const ExprSymbols::Lookup found = symbols_.find(name);
-    if (found.kind == ExprSymbols::Kind::Function || found.kind == ExprSymbols::Kind::Object) return false;
-    if (keywordOf(name) != Tok::Name) return false;
-    const int slot = found.kind == ExprSymbols::Kind::Variable ? found.index : symbols_.variableSlot(name);
-    pending[count].slot = slot;
-    pending[count].value = negative ? -value : value;
-    ++count;
+    if (i < n && !isSeparator(t[i])) return giveUp();
+    // A negated literal keeps its type; an integer zero has no sign.
+    double value = negative ? -literal.value : literal.value;
+    ExprSymbols::SlotState type = ExprSymbols::kDoubleOnly;
+    if (literal.type == rt::VType::Integer) type = ExprSymbols::kIntegerOnly;
+    if (literal.type == rt::VType::Long) type = ExprSymbols::kLongOnly;
+    if (type != ExprSymbols::kDoubleOnly && value == 0) value = 0;
+    literals_.push_back({slot, valueStart, after, type, value});
   }
-  for (int k = 0; k < count; ++k) symbols_.assign(pending[k].slot, pending[k].value);
+  for (const LiteralAssignment& a : literals_) symbols_.assignNumber(a.slot, a.value, a.type);
+  literalText_.assign(t.utf16(), t.utf16() + n);
   return true;
 }
 

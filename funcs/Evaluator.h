@@ -29,6 +29,7 @@
 #include <QHash>
 #include <QString>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "funcs/EvalError.h"
@@ -94,6 +95,16 @@ class Evaluator {
   std::vector<std::shared_ptr<const ExprProgram>> retired_;  // dropped while a run was in progress
   QString lastText_;
   const ExprProgram* lastProgram_ = nullptr;  // owned by cache_
+  // The literal statements of the last AddCode text read without compiling.
+  struct LiteralAssignment {
+    int slot;
+    int valueStart;  // offset of the sign or number after "="
+    int end;         // offset just after the number
+    ExprSymbols::SlotState type;
+    double value;
+  };
+  std::u16string literalText_;  // a plain copy: no shared data to count
+  std::vector<LiteralAssignment> literals_;
   int running_ = 0;
   bool fastPath_ = true;
 };

@@ -12,13 +12,6 @@ namespace {
 
 bool isDigit(QChar c) { return c.unicode() >= '0' && c.unicode() <= '9'; }
 
-// An integer literal takes the smallest of the types that hold it.
-rt::Variant integerLiteral(std::int64_t v) {
-  if (v <= 32767) return rt::Variant::integer(static_cast<std::int16_t>(v));
-  if (v <= 2147483647) return rt::Variant::longValue(static_cast<std::int32_t>(v));
-  return rt::Variant(static_cast<double>(v));
-}
-
 // "&H" and "&O" literals: up to 16 bits they are a 16-bit integer (so &HFFFF
 // is -1), up to 32 bits a 32-bit one; beyond is an overflow.
 int scanRadix(QStringView text, int pos, int& end, rt::Variant& value) {
@@ -44,38 +37,79 @@ int scanRadix(QStringView text, int pos, int& end, rt::Variant& value) {
 
 }  // namespace
 
-int scanNumber(QStringView text, int pos, int& end, rt::Variant& value) {
+int scanNumber(QStringView text, int pos, int& end, NumberLiteral& out) {
   const int n = static_cast<int>(text.size());
   int i = pos;
-  std::int64_t whole = 0;
-  int wholeDigits = 0;
+  // The significant digits as an integer while they fit 19 digits, and the
+  // power of ten that scales them.
+  std::uint64_t mantissa = 0;
+  int digits = 0;     // significant digits taken into the mantissa
+  int dropped = 0;    // whole-part digits beyond them
+  int scale = 0;      // decimal exponent of the mantissa's last digit
+  auto take = [&](char16_t c, bool fraction) {
+    if (digits == 0 && c == '0') {
+      if (fraction) --scale;
+      return;
+    }
+    if (digits < 19) {
+      mantissa = mantissa * 10 + (c - '0');
+      ++digits;
+      if (fraction) --scale;
+    } else if (!fraction) {
+      ++dropped;
+    }
+  };
   while (i < n && isDigit(text[i])) {
-    if (wholeDigits < 18) whole = whole * 10 + (text[i].unicode() - '0');
-    ++wholeDigits;
+    take(text[i].unicode(), false);
     ++i;
   }
   bool isFloat = false;
+  bool inexact = false;  // digits beyond the 19th were left out of the mantissa
   if (i < n && text[i] == u'.') {
     isFloat = true;
     ++i;
-    while (i < n && isDigit(text[i])) ++i;
+    while (i < n && isDigit(text[i])) {
+      if (digits >= 19 && text[i] != u'0') inexact = true;
+      take(text[i].unicode(), true);
+      ++i;
+    }
   }
+  int exponent = 0;
   // An exponent only when a digit follows the letter (and its sign).
   if (i < n && (text[i].unicode() | 0x20) == 'e') {
     int j = i + 1;
-    if (j < n && (text[j] == u'+' || text[j] == u'-')) ++j;
+    bool negative = false;
+    if (j < n && (text[j] == u'+' || text[j] == u'-')) negative = text[j++] == u'-';
     if (j < n && isDigit(text[j])) {
       isFloat = true;
       i = j;
-      while (i < n && isDigit(text[i])) ++i;
+      while (i < n && isDigit(text[i])) {
+        if (exponent < 100000) exponent = exponent * 10 + (text[i].unicode() - '0');
+        ++i;
+      }
+      if (negative) exponent = -exponent;
     }
   }
   end = i;
-  if (!isFloat && wholeDigits <= 18) {
-    value = integerLiteral(whole);
+  if (!isFloat && digits + dropped <= 18) {
+    const auto v = static_cast<std::int64_t>(mantissa);
+    out.type = v <= 32767 ? rt::VType::Integer : (v <= 2147483647 ? rt::VType::Long : rt::VType::Double);
+    out.value = static_cast<double>(v);
     return 0;
   }
-  // Digits are ASCII: a narrow copy for from_chars, which rounds correctly.
+  out.type = rt::VType::Double;
+  // Up to 15 digits and a power of ten that a double holds exactly, one
+  // multiplication or division rounds correctly: the usual case, texts of Str.
+  static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                       1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  const int e = scale + dropped + exponent;
+  if (digits <= 15 && !inexact && dropped == 0 && e >= -22 && e <= 22) {
+    const auto m = static_cast<double>(mantissa);
+    out.value = e >= 0 ? m * kPowers[e] : m / kPowers[-e];
+    return 0;
+  }
+  // Otherwise from_chars on a narrow copy (the digits are ASCII), which also
+  // rounds correctly.
   const int len = i - pos;
   char small[64];
   std::string big;
@@ -95,8 +129,23 @@ int scanNumber(QStringView text, int pos, int& end, rt::Variant& value) {
   } else if (res.ec != std::errc()) {
     d = std::strtod(buf, nullptr);
   }
-  value = rt::Variant(d);
+  out.value = d;
   return 0;
+}
+
+int scanNumber(QStringView text, int pos, int& end, rt::Variant& value) {
+  NumberLiteral literal;
+  if (const int err = scanNumber(text, pos, end, literal)) return err;
+  value = literalValue(literal);
+  return 0;
+}
+
+rt::Variant literalValue(const NumberLiteral& literal) {
+  switch (literal.type) {
+    case rt::VType::Integer: return rt::Variant::integer(static_cast<std::int16_t>(literal.value));
+    case rt::VType::Long: return rt::Variant::longValue(static_cast<std::int32_t>(literal.value));
+    default: return rt::Variant(literal.value);
+  }
 }
 
 Tok keywordOf(QStringView w) {

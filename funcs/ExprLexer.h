@@ -51,11 +51,20 @@ struct Token {
   rt::Variant value;  // Number and Text
 };
 
+// A number literal: its type (Integer, Long or Double, as the language types
+// it: the smallest integer type that holds a whole literal) and its value.
+struct NumberLiteral {
+  rt::VType type = rt::VType::Integer;
+  double value = 0;
+};
+
 // Reads the numeric literal that starts at text[pos] (a digit, or a point
-// followed by a digit). On success value holds an Integer, a Long or a Double
-// as the language types the literal, and end the offset after it. Returns 0,
-// or EvalError::kOverflow for a literal beyond the range of a 64-bit float.
+// followed by a digit); end receives the offset after it. The value is the
+// double nearest the decimal text. Returns 0, or EvalError::kOverflow for a
+// literal beyond the range of a 64-bit float.
+int scanNumber(QStringView text, int pos, int& end, NumberLiteral& literal);
 int scanNumber(QStringView text, int pos, int& end, rt::Variant& value);
+rt::Variant literalValue(const NumberLiteral& literal);
 
 // True for the characters that may start a name, and continue one.
 inline bool isNameStart(QChar c) {

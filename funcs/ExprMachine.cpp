@@ -142,7 +142,7 @@ double executeFast(const ExprProgram& p) {
 
 bool checkVariables(const ExprProgram& p, const ExprSymbols& symbols) {
   for (const unsigned char* state : p.variableStates) {
-    if (*state > ExprSymbols::kNumberOnly) return false;
+    if (*state > ExprSymbols::kLastPlain) return false;
   }
   p.checkedEpoch = symbols.epoch();
   return true;

@@ -98,10 +98,13 @@ void ExprSymbols::assign(int slot, const rt::Variant& value) {
 
 const rt::Variant& ExprSymbols::value(int slot) const {
   const auto s = static_cast<size_t>(slot);
-  if (state(slot) == kNumberOnly) {
-    values_[s] = rt::Variant(number(slot));
-    state(slot) = kPlainNumber;
+  switch (state(slot)) {
+    case kDoubleOnly: values_[s] = rt::Variant(number(slot)); break;
+    case kIntegerOnly: values_[s] = rt::Variant::integer(static_cast<std::int16_t>(number(slot))); break;
+    case kLongOnly: values_[s] = rt::Variant::longValue(static_cast<std::int32_t>(number(slot))); break;
+    default: return values_[s];
   }
+  state(slot) = kPlainNumber;
   return values_[s];
 }
 

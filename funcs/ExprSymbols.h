@@ -33,10 +33,18 @@ class ExprSymbols {
     int index = -1;  // slot, function or object number
   };
 
-  // Slot states as the fast path reads them: up to kNumberOnly the slot holds
-  // a plain number. kNumberOnly: set through assignNumber, the variant is
-  // made when someone asks for it.
-  enum SlotState : unsigned char { kPlainNumber = 0, kNumberOnly = 1, kOtherValue = 2, kUndefined = 3 };
+  // Slot states as the fast path reads them: up to kLastPlain the slot holds
+  // a plain number. The "Only" states hold just the number, of the type they
+  // name; the variant is made when someone asks for it.
+  enum SlotState : unsigned char {
+    kPlainNumber,
+    kDoubleOnly,
+    kIntegerOnly,
+    kLongOnly,
+    kOtherValue,
+    kUndefined,
+    kLastPlain = kLongOnly,
+  };
 
   Lookup find(QStringView name) const;
 
@@ -44,10 +52,12 @@ class ExprSymbols {
   // the name belongs to a function or an object.
   int variableSlot(QStringView name);
   void assign(int slot, const rt::Variant& value);
-  void assignNumber(int slot, double value) {
+  void assignNumber(int slot, double value) { assignNumber(slot, value, kDoubleOnly); }
+  // type is kDoubleOnly, kIntegerOnly or kLongOnly, and value fits it.
+  void assignNumber(int slot, double value, SlotState type) {
     Chunk& c = chunk(slot);
     c.numbers[slot & kChunkMask] = value;
-    c.states[slot & kChunkMask] = kNumberOnly;
+    c.states[slot & kChunkMask] = type;
   }
   bool isDefined(int slot) const { return state(slot) != kUndefined; }
   const rt::Variant& value(int slot) const;

@@ -10,8 +10,11 @@
 //     an EvalError.
 #include <QElapsedTimer>
 #include <cmath>
+#include <cstdlib>
 #include <random>
+#include <string>
 
+#include "funcs/ExprLexer.h"
 #include "shell/NumberText.h"
 #include "tests/funcs/EvalTestSupport.h"
 
@@ -211,6 +214,58 @@ TEST_F(EvalTest, LiteralStatementsEqualTheCompiledOnes) {
     const rt::Variant compiledValue = engine.variable(QStringLiteral("v"));
     ASSERT_EQ(fastValue.type(), compiledValue.type()) << statement.toStdString();
     ASSERT_EQ(fastValue.rawNumber(), compiledValue.rawNumber()) << statement.toStdString();
+  }
+}
+
+TEST_F(EvalTest, RunsOfSimilarStatementTextsEqualTheCompiledOnes) {
+  // The literal reader reuses what the previous text had in common with the
+  // new one; a second engine that compiles every text must agree throughout.
+  Generator gen(seed() + 3);
+  Evaluator compiled;
+  static const char* const names[] = {"A", "B", "x", "y", "xx"};
+  static const char* const numbers[] = {"0", "1", "-1", "0.5", "0.55", "-0.5", " 12", "1E+300", "2.5E-05", "32768",
+                                        "-32768", ".5", "100000"};
+  QElapsedTimer clock;
+  clock.start();
+  QString text = QStringLiteral("A=2:B=3: x= 0.5");
+  while (clock.elapsed() < budgetMs() / 4) {
+    // Change one statement, add one or drop the last.
+    QStringList parts = text.split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    const int k = gen.pick(static_cast<int>(parts.size()) + 1);
+    const QString statement = gen.oneOf(names) + QStringLiteral("=") + (gen.pick(2) ? QStringLiteral(" ") : QString()) +
+                              gen.oneOf(numbers);
+    if (k == parts.size()) parts.append(statement);
+    else if (gen.pick(4) == 0 && parts.size() > 1) parts.removeLast();
+    else parts[k] = statement;
+    text = parts.join(gen.pick(2) ? QStringLiteral(":") : QStringLiteral(": "));
+    engine.AddCode(text);
+    compiled.AddCode(text + QStringLiteral(": zz=(0)"));  // the parenthesis needs the compiler
+    for (const char* name : names) {
+      const QString n = QString::fromLatin1(name);
+      ASSERT_EQ(engine.variable(n).type(), compiled.variable(n).type()) << text.toStdString() << " " << name;
+      ASSERT_EQ(engine.variable(n).rawNumber(), compiled.variable(n).rawNumber()) << text.toStdString() << " " << name;
+    }
+  }
+}
+
+TEST_F(EvalTest, NumberLiteralsReadAsTheNearestDouble) {
+  Generator gen(seed() + 4);
+  for (int i = 0; i < 200000; ++i) {
+    std::string digits;
+    const int whole = gen.pick(20);
+    for (int k = 0; k < whole; ++k) digits += static_cast<char>('0' + gen.pick(10));
+    if (whole == 0 || gen.pick(2)) {
+      digits += '.';
+      const int fraction = 1 + gen.pick(20);
+      for (int k = 0; k < fraction; ++k) digits += static_cast<char>('0' + gen.pick(10));
+    }
+    if (gen.pick(2)) digits += "E" + std::to_string(gen.pick(60) - 30);
+    NumberLiteral literal;
+    int end = 0;
+    const QString text = QString::fromStdString(digits);
+    ASSERT_EQ(scanNumber(text, 0, end, literal), 0) << digits;
+    ASSERT_EQ(end, text.size()) << digits;
+    ASSERT_EQ(literal.value, std::strtod(digits.c_str(), nullptr)) << digits;
   }
 }
 

@@ -275,6 +275,37 @@ TEST_F(EvalTest, AddCodeFeedsXThroughItsTextRoundedToFifteenDigits) {
   EXPECT_EQ(num(QStringLiteral("x")), 1.23456789012346e17);
 }
 
+TEST_F(EvalTest, AddCodeReadsEachNewTextWhollyEvenWhenItRepeatsThePrevious) {
+  // Consecutive texts share most of their characters; what changed, and
+  // what was changed in between, must still count.
+  const struct {
+    const char* code;
+    const char* check;
+    double value;
+  } steps[] = {
+      {"A=2:B=3: x= 0.5", "A*100+B*10+x", 230.5},
+      {"A=2:B=3: x= 0.55", "x", 0.55},           // the number grew
+      {"A=2:B=3: x= 0.5", "x", 0.5},             // and shrank
+      {"A=2:B=4: x= 0.5", "B", 4},               // a constant before x changed
+      {"A=7", "A", 7},                           // another text in between...
+      {"A=2:B=4: x= 0.5", "A", 2},               // ...and the repeated one assigns A again
+      {"A=2:B=4: x= -0.5", "x", -0.5},
+      {"A=2:B=4: x=  -1.5E-05", "x", -1.5e-5},
+      {"A=2:B=4: y= 1", "y*10+x", 10 - 1.5e-5},  // same length, another name
+      {"A=2:B=4: y= 1: z=3", "z", 3},
+      {"A=2:B=4: y= 1", "z", 3},
+      {"A=2:B=4: y= 1", "y", 1},                 // identical text
+  };
+  for (const auto& s : steps) {
+    engine.AddCode(QString::fromUtf8(s.code));
+    EXPECT_EQ(num(QString::fromUtf8(s.check)), s.value) << s.code;
+  }
+  engine.AddCode(QStringLiteral("A=2:B=4: y= 1"));
+  engine.setNumber(engine.variableSlot(QStringLiteral("y")), 9);
+  engine.AddCode(QStringLiteral("A=2:B=4: y= 1"));
+  EXPECT_EQ(num(QStringLiteral("y")), 1);
+}
+
 TEST_F(EvalTest, AddCodeLiteralsKeepTheirTypes) {
   // The shape "name= number" is assigned without compiling; it must type the
   // literal exactly as the compiler does.
