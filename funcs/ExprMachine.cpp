@@ -9,6 +9,7 @@
 
 namespace {
 
+// A 64-bit result that overflows is a failure, never an infinity.
 inline double checked(double r) {
   if (!std::isfinite(r)) [[unlikely]]
     rt::raise(rt::kOverflow);

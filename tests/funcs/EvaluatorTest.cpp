@@ -139,6 +139,7 @@ TEST_F(EvalTest, LanguageFunctionsWorkInRadiansWhateverTheAngleMode) {
   EXPECT_EQ(failure(QStringLiteral("Exp(710)")), 6);
   EXPECT_EQ(failure(QStringLiteral("CInt(32767.5)")), 6);
   EXPECT_EQ(failure(QStringLiteral("Round(1, -1)")), 5);
+  EXPECT_EQ(num(QStringLiteral("Round(1.25, 2147483647)")), 1.25);  // any number of decimals
   const double r = num(QStringLiteral("Rnd"));
   EXPECT_TRUE(r >= 0 && r < 1);
   EXPECT_EQ(engine.Eval(QStringLiteral("Rnd(1)")).type(), rt::VType::Single);
