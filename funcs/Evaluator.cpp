@@ -52,7 +52,11 @@ void Evaluator::AddObject(const QString& name, FunctionLibrary* object, bool add
 }
 
 const ExprProgram& Evaluator::programFor(const QString& text) {
-  if (lastProgram_ && text == lastText_) return *lastProgram_;
+  // The same text again, often the very same string: no lookup at all.
+  if (lastProgram_ && ((text.constData() == lastText_.constData() && text.size() == lastText_.size()) ||
+                       text == lastText_)) {
+    return *lastProgram_;
+  }
   auto it = cache_.constFind(text);
   if (it == cache_.cend()) {
     auto program = std::make_shared<const ExprProgram>(ExprCompiler(symbols_).compileExpression(text));
@@ -110,7 +114,7 @@ rt::Variant Evaluator::run(const ExprProgram& program) {
     } else {
       value = runExact(program, symbols_);
     }
-    if (running_ == 1) retired_.clear();
+    if (running_ == 1 && !retired_.empty()) retired_.clear();
     return value;
   } catch (const rt::RuntimeError& e) {
     if (running_ == 1) retired_.clear();

@@ -259,7 +259,10 @@ TEST_F(EvalTest, NumberLiteralsReadAsTheNearestDouble) {
       const int fraction = 1 + gen.pick(20);
       for (int k = 0; k < fraction; ++k) digits += static_cast<char>('0' + gen.pick(10));
     }
-    if (gen.pick(2)) digits += "E" + std::to_string(gen.pick(60) - 30);
+    if (gen.pick(2)) {
+      digits += 'E';
+      digits += std::to_string(gen.pick(60) - 30);
+    }
     NumberLiteral literal;
     int end = 0;
     const QString text = QString::fromStdString(digits);
