@@ -1,7 +1,6 @@
 #pragma once
 // The expression engine of the function table, the calculator's expression
-// viewer and the geometry module: a replacement for the script control with
-// its four operations.
+// viewer and the geometry module, with the four operations its callers use.
 //
 //   AddObject(name, object, addMembers)  publishes a FunctionLibrary (the math
 //       library "MathFunction"); with addMembers its functions are global names.
@@ -16,9 +15,9 @@
 //   Failures        every syntax or run-time failure is thrown as EvalError,
 //       with the classic number and a description in the user's language.
 //
-// Variables persist between calls for the life of the Evaluator, as the
-// script control's module did: a constant or x once assigned stays until
-// overwritten.
+// Variables persist between calls for the life of the Evaluator: a constant
+// or x once assigned stays until overwritten, also from one formula to the
+// next.
 //
 // Speed: each formula is compiled once (ExprCompiler) and kept; Eval of the
 // same text again runs the compiled form directly, on doubles when the values
