@@ -1,0 +1,165 @@
+#include "funcs/CellGrid.h"
+
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+#include "shell/NumberText.h"
+
+namespace {
+
+// Two quiet NaNs with payloads of their own: no computed number is ever a
+// NaN (the runtime fails instead), so they cannot be mistaken for a value.
+constexpr std::uint64_t kEmptyBits = 0x7FF8'0000'0000'0E01ULL;
+constexpr std::uint64_t kTextBits = 0x7FF8'0000'0000'0E02ULL;
+const double kEmpty = std::bit_cast<double>(kEmptyBits);
+const double kText = std::bit_cast<double>(kTextBits);
+
+inline bool isTag(double v, std::uint64_t tag) { return std::bit_cast<std::uint64_t>(v) == tag; }
+
+}  // namespace
+
+CellGrid::CellGrid(int columns) : columns_(static_cast<size_t>(columns)) {}
+
+bool CellGrid::textValue(double x, double& value) {
+  if (x == 0) {
+    value = 0;  // the text of -0 is "0"
+    return true;
+  }
+  if (!std::isfinite(x)) return false;
+  // The shortest digits that read back as x: with 15 or fewer, the default
+  // text shows exactly them and x is its value. With more, the text shows
+  // x rounded to 15 digits, read back here.
+  char buf[40];
+  auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);
+  int digits = 0;
+  for (const char* p = buf; p < res.ptr && *p != 'e'; ++p) digits += (*p >= '0' && *p <= '9') ? 1 : 0;
+  if (digits <= 15) {
+    value = x;
+    return true;
+  }
+  res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, 14);
+  const auto read = std::from_chars(buf, res.ptr, value);
+  return read.ec == std::errc() && std::isfinite(value);
+}
+
+void CellGrid::setRowCount(int rows) {
+  if (rows < 0) rows = 0;
+  if (rows < rows_) {
+    for (Column& c : columns_) {
+      if (c.cells.size() > static_cast<size_t>(rows)) {
+        c.cells.resize(static_cast<size_t>(rows));
+        // Give back the memory of a long table that is cut short.
+        if (c.cells.capacity() > 2 * c.cells.size() + 64) c.cells.shrink_to_fit();
+      }
+      for (auto it = c.texts.begin(); it != c.texts.end();) {
+        it = it.key() >= rows ? c.texts.erase(it) : std::next(it);
+      }
+    }
+  }
+  rows_ = rows;
+}
+
+void CellGrid::reserveRows(int col, int rows) {
+  if (col < 0 || col >= columnCount() || rows <= 0) return;
+  columns_[static_cast<size_t>(col)].cells.reserve(static_cast<size_t>(rows));
+}
+
+QString CellGrid::get(int row, int col) const {
+  if (row < 0 || row >= rows_ || col < 0 || col >= columnCount()) return {};
+  const Column& c = columns_[static_cast<size_t>(col)];
+  if (static_cast<size_t>(row) >= c.cells.size()) return {};
+  const double v = c.cells[static_cast<size_t>(row)];
+  if (isTag(v, kEmptyBits)) return {};
+  if (isTag(v, kTextBits)) return c.texts.value(row);
+  return rt::NumberToText(v);
+}
+
+void CellGrid::store(int row, int col, double tagged) {
+  Column& c = columns_[static_cast<size_t>(col)];
+  const auto r = static_cast<size_t>(row);
+  if (r >= c.cells.size()) {
+    if (isTag(tagged, kEmptyBits)) return;  // already empty
+    c.cells.resize(r + 1, kEmpty);
+  } else if (isTag(c.cells[r], kTextBits) && !isTag(tagged, kTextBits)) {
+    c.texts.remove(row);
+  }
+  c.cells[r] = tagged;
+}
+
+void CellGrid::set(int row, int col, const QString& text) {
+  if (row < 0 || row >= rows_ || col < 0 || col >= columnCount()) return;
+  if (text.isEmpty()) {
+    store(row, col, kEmpty);
+    return;
+  }
+  double value = 0;
+  if (rt::tryTextToDouble(text, value) && std::isfinite(value) && rt::NumberToText(value) == text) {
+    store(row, col, value == 0 ? 0.0 : value);
+    return;
+  }
+  store(row, col, kText);
+  columns_[static_cast<size_t>(col)].texts.insert(row, text);
+}
+
+void CellGrid::setNumber(int row, int col, double value) {
+  if (row < 0 || row >= rows_ || col < 0 || col >= columnCount()) return;
+  double shown = 0;
+  if (textValue(value, shown)) {
+    store(row, col, shown);
+  } else {
+    set(row, col, rt::NumberToText(value));
+  }
+}
+
+bool CellGrid::isEmpty(int row, int col) const {
+  if (row < 0 || row >= rows_ || col < 0 || col >= columnCount()) return true;
+  const Column& c = columns_[static_cast<size_t>(col)];
+  return static_cast<size_t>(row) >= c.cells.size() || isTag(c.cells[static_cast<size_t>(row)], kEmptyBits);
+}
+
+bool CellGrid::number(int row, int col, double& value) const {
+  if (row < 0 || row >= rows_ || col < 0 || col >= columnCount()) return false;
+  const Column& c = columns_[static_cast<size_t>(col)];
+  if (static_cast<size_t>(row) >= c.cells.size()) return false;
+  const double v = c.cells[static_cast<size_t>(row)];
+  if (isTag(v, kEmptyBits)) return false;
+  if (isTag(v, kTextBits)) return rt::tryTextToDouble(c.texts.value(row), value);
+  value = v;
+  return true;
+}
+
+void CellGrid::clear() {
+  for (Column& c : columns_) {
+    c.cells.clear();
+    c.cells.shrink_to_fit();
+    c.texts.clear();
+  }
+}
+
+void CellGrid::clearRow(int row, int fromCol, int toCol) {
+  if (row < 0 || row >= rows_) return;
+  for (int col = std::max(fromCol, 0); col <= std::min(toCol, columnCount() - 1); ++col) store(row, col, kEmpty);
+}
+
+void CellGrid::clearColumn(int col, int fromRow) {
+  if (col < 0 || col >= columnCount()) return;
+  Column& c = columns_[static_cast<size_t>(col)];
+  const auto from = static_cast<size_t>(std::max(fromRow, 0));
+  if (c.cells.size() > from) c.cells.resize(from);
+  for (auto it = c.texts.begin(); it != c.texts.end();) {
+    it = it.key() >= fromRow ? c.texts.erase(it) : std::next(it);
+  }
+}
+
+std::size_t CellGrid::memoryBytes() const {
+  std::size_t bytes = 0;
+  for (const Column& c : columns_) {
+    bytes += c.cells.capacity() * sizeof(double);
+    for (auto it = c.texts.cbegin(); it != c.texts.cend(); ++it) {
+      bytes += sizeof(int) + sizeof(QString) + static_cast<std::size_t>(it.value().capacity()) * sizeof(QChar);
+    }
+  }
+  return bytes;
+}
