@@ -4,11 +4,23 @@
 #include <QLabel>
 
 #include "app/ScreenshotTour.h"
+#include "shell/DesktopPlatform.h"
+#include "shell/ExtendedDisplayWindow.h"
+#include "shell/HelpWindow.h"
+#include "shell/MessageBoxWindow.h"
 #include "shell/WindowRegistry.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Calvix"));
+  LinuxPlatform linuxPlatform;
+  setPlatform(&linuxPlatform);
+  MBoxPresenter messageBox;
+  setMessagePresenter(&messageBox);
+  HelpWindowPresenter help;
+  setHelpPresenter(&help);
+  registerWindowFactory(WindowId::Help, [] { return new HelpWindow; });
+  registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
   registerWindowFactory(WindowId::ControlCentre, [] {
     auto* placeholder = new QLabel(QStringLiteral("Calvix"));
     placeholder->setAttribute(Qt::WA_DeleteOnClose);
@@ -17,5 +29,9 @@ int main(int argc, char** argv) {
   });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
-  return QApplication::exec();
+  const int code = QApplication::exec();
+  setHelpPresenter(nullptr);
+  setMessagePresenter(nullptr);
+  setPlatform(nullptr);
+  return code;
 }
