@@ -55,7 +55,7 @@ QStyle::StandardPixmap iconOfKind(int kind) {
 }
 
 constexpr int kMinTextWidth = 260;
-constexpr int kMaxTextWidth = 560;
+constexpr int kMaxTextWidth = 520;
 
 }  // namespace
 
@@ -234,7 +234,13 @@ MBox::~MBox() {
   boxes.erase(std::remove(boxes.begin(), boxes.end(), this), boxes.end());
 }
 
-MBox* MBox::current() { return openBoxes().empty() ? nullptr : openBoxes().back(); }
+MBox* MBox::current() {
+  const auto& boxes = openBoxes();
+  for (auto it = boxes.rbegin(); it != boxes.rend(); ++it) {
+    if ((*it)->isVisible()) return *it;
+  }
+  return nullptr;
+}
 
 void MBox::setTimerInterval(int ms) { g_timerInterval = std::max(1, ms); }
 
@@ -287,11 +293,12 @@ void MBox::fill(const MessageRequest& request) {
   int width = 0;
   for (int i = 0; i < buttonCount_; ++i) width = std::max(width, But1[static_cast<size_t>(i)]->sizeHint().width());
   for (int i = 0; i < 3; ++i) But1[static_cast<size_t>(i)]->setFixedSize(width, 30);
-  setFocusProxy(But1[static_cast<size_t>(defaultButton)]);
+  defaultButton_ = defaultButton;
   But1[static_cast<size_t>(defaultButton)]->setFocus();
 
   sizeToText();
   result_ = 0;
+  shown_ = false;
   activated_ = false;
 }
 
@@ -333,14 +340,18 @@ void MBox::reject() {}
 
 void MBox::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (!activated_) {
-    activated_ = true;
+  activateWindow();
+  if (!shown_) {
+    shown_ = true;
     // Once the box is painted: the sound may hold the thread until its end.
     QTimer::singleShot(0, this, &MBox::activate);
   }
 }
 
 void MBox::activate() {
+  // Ask again once the box is on screen: a request made while it was still
+  // being mapped can be lost, and the keyboard must reach the box.
+  activateWindow();
   ProgramState& p = program();
   p.MessageTitle = Label3->text();
   p.MessageText = Label2->text();
@@ -348,7 +359,9 @@ void MBox::activate() {
   if (!input && p.SoundOn == 1) PlayMessageSound();
   if (input) {
     inputtxt->selectAll();
-    inputtxt->setFocus();
+    inputtxt->setFocus(Qt::ActiveWindowFocusReason);
+  } else if (!DTPicker1->isVisible() && !mboxlist->isVisible()) {
+    But1[static_cast<size_t>(defaultButton_)]->setFocus(Qt::ActiveWindowFocusReason);
   }
   const int seconds = autoCloseSeconds(Label3->text(), input, p.AutoCloseMessages);
   if (seconds > 0) {
@@ -356,6 +369,7 @@ void MBox::activate() {
     Timer1->setInterval(g_timerInterval);
     Timer1->start();
   }
+  activated_ = true;
 }
 
 bool MBox::eventFilter(QObject* watched, QEvent* event) {
@@ -397,8 +411,16 @@ void MBox::paintEvent(QPaintEvent*) {
 
 MessageReply MBoxPresenter::present(const MessageRequest& request) {
   Delay(0.1f);
-  MBox box(QApplication::activeWindow());
-  box.fill(request);
-  box.exec();
-  return box.reply();
+  // On the heap and deleted later: a box born at the address of the one just
+  // closed could be taken for it by the window activation.
+  // Centred over the active window, unless that is a box already closing.
+  QWidget* parent = QApplication::activeWindow();
+  if (parent && (!parent->isVisible() || parent->testAttribute(Qt::WA_DontShowOnScreen))) parent = nullptr;
+  auto* box = new MBox(parent);
+  box->fill(request);
+  box->exec();
+  const MessageReply reply = box->reply();
+  box->hide();
+  box->deleteLater();
+  return reply;
 }

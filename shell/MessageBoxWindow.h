@@ -64,6 +64,8 @@ class MBox : public QDialog {
 
   // The box on screen, if any (tests and the screenshot tour press its buttons).
   static MBox* current();
+  // True once the box has run its activation (sound, focus, timer).
+  bool isActivated() const { return activated_; }
   // How often Timer1 looks at the clock, in milliseconds.
   static void setTimerInterval(int ms);
 
@@ -92,7 +94,9 @@ class MBox : public QDialog {
   MessageKindScheme scheme_;
   int buttonCount_ = 1;
   int result_ = 0;
+  int defaultButton_ = 0;
   double closeAt_ = 0;  // date serial at which Timer1 closes the box
+  bool shown_ = false;
   bool activated_ = false;
   bool textDark_ = true;
 };

@@ -30,6 +30,8 @@ void OpenCalculator() {
 void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode) {
   if (!mainWindow || !second) return;
   if (mainWindow->isMinimized() || mainWindow->isMaximized()) mainWindow->showNormal();
+  // Shown first, so that the frame the window system puts round it is known.
+  second->show();
   QScreen* screen = mainWindow->screen() ? mainWindow->screen() : QGuiApplication::primaryScreen();
   const QRect area = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
   const QSize a = mainWindow->frameGeometry().size();
@@ -45,7 +47,6 @@ void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode) {
     second->move(left, top);
     mainWindow->move(left, top + b.height());
   }
-  second->show();
   mainWindow->raise();
   mainWindow->activateWindow();
 }
