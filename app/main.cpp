@@ -8,11 +8,17 @@
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/HelpWindow.h"
 #include "shell/MessageBoxWindow.h"
+#include "shell/ProgramState.h"
+#include "shell/Settings.h"
 #include "shell/WindowRegistry.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Calvix"));
+  // The process starts with every setting at zero or empty; the control
+  // centre's load reads them from the settings file of the program folder.
+  clearSettings(program());
+  program().AppFolder = resolveAppFolder(QCoreApplication::applicationDirPath());
   LinuxPlatform linuxPlatform;
   setPlatform(&linuxPlatform);
   MBoxPresenter messageBox;
