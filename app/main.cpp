@@ -1,24 +1,23 @@
 // calvix: the desktop program. The control centre is the first window and
 // the last to go; it opens every module window through the window registry.
 #include <QApplication>
-#include <QLabel>
 
 #include "app/ScreenshotTour.h"
+#include "calc/CalculatorWindow.h"
+#include "shell/ControlCentreWindow.h"
 #include "shell/DesktopPlatform.h"
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/HelpWindow.h"
 #include "shell/MessageBoxWindow.h"
 #include "shell/ProgramState.h"
-#include "shell/Settings.h"
 #include "shell/WindowRegistry.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Calvix"));
   // The process starts with every setting at zero or empty; the control
-  // centre's load reads them from the settings file of the program folder.
+  // centre's load reads them from the settings file.
   clearSettings(program());
-  program().AppFolder = resolveAppFolder(QCoreApplication::applicationDirPath());
   LinuxPlatform linuxPlatform;
   setPlatform(&linuxPlatform);
   MBoxPresenter messageBox;
@@ -27,12 +26,8 @@ int main(int argc, char** argv) {
   setHelpPresenter(&help);
   registerWindowFactory(WindowId::Help, [] { return new HelpWindow; });
   registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
-  registerWindowFactory(WindowId::ControlCentre, [] {
-    auto* placeholder = new QLabel(QStringLiteral("Calvix"));
-    placeholder->setAttribute(Qt::WA_DeleteOnClose);
-    placeholder->resize(480, 200);
-    return placeholder;
-  });
+  registerWindowFactory(WindowId::ControlCentre, [] { return new ControlCentreWindow; });
+  registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

@@ -19,14 +19,13 @@ float Rnd() {
 }
 
 void Randomize(double seed) {
-  // The upper half of the number's bits, folded to 16 bits, replaces the
-  // middle bytes of the generator's state.
+  // The upper half of the number's bits, folded to 16 bits, becomes the
+  // middle bytes of the generator's state, so one seed gives one sequence.
   std::uint64_t bits = 0;
   std::memcpy(&bits, &seed, sizeof bits);
   const auto high = static_cast<std::uint32_t>(bits >> 32);
   const std::uint32_t folded = (high ^ (high >> 16)) & 0xFFFFu;
-  g_seed = (g_seed & 0xFF0000FFu & 0xFFFFFFu) | (folded << 8);
-  g_seed &= 0xFFFFFFu;
+  g_seed = (folded << 8) & 0xFFFFFFu;
 }
 
 void Randomize() { Randomize(Timer() + static_cast<double>(QDateTime::currentMSecsSinceEpoch() % 1000003)); }

@@ -46,10 +46,10 @@ bool helpInstead(int topic) {
 }
 
 QString helpPageOfTopic(int topic) {
-  static const char* const pages[] = {"shell", "calc",    "funcs",    "stats",   "convert", "bank",
+  static const char* const pages[] = {"shell",    "calc",    "funcs",  "stats",    "convert", "bank",
                                       "elements", "lottery", "chrono", "calendar", "geometry"};
-  const int block = topic < 0 ? 0 : topic / 1000;
-  if (block >= static_cast<int>(std::size(pages))) return QStringLiteral("index");
+  const int block = topic / 10000 - 1;
+  if (topic < 0 || block < 0 || block >= static_cast<int>(std::size(pages))) return QStringLiteral("index");
   return QString::fromLatin1(pages[block]);
 }
 

@@ -16,12 +16,13 @@
 // which, while the program-wide help-cursor flag is set, shows that topic,
 // clears the flag and tells the handler to do nothing else.
 //
-// Topic ids are grouped by module in blocks of 1000, and each block is one
+// Topic ids are grouped by module in blocks of 10000, and each block is one
 // page of the help viewer (the topic is an anchor "t<id>" on it):
-//   0 control centre, preferences, message box, about   1000 calculators
-//   2000 function table and plot   3000 charts and CSV   4000 converter
-//   5000 banking   6000 periodic table   7000 lottery   8000 chronometer
-//   9000 calendar   10000 geometry
+//   10000 control centre and shared services (message box 10100, preferences
+//   10200, settings file 10300, printing 10400, large display 10500, help
+//   mode 10600), 20000 calculators, 30000 function table and plot, 40000
+//   charts and CSV, 50000 converter, 60000 banking, 70000 periodic table,
+//   80000 lottery, 90000 chronometer, 100000 calendar, 110000 geometry.
 class HelpPresenter {
  public:
   virtual ~HelpPresenter() = default;
@@ -36,7 +37,8 @@ void setHelpCursor(bool on);
 // Shows the topic, then leaves help-cursor mode.
 void ContextHelp(int topic);
 bool helpInstead(int topic);
-// The help page of a topic ("shell", "calc", ...), by its block of 1000.
+// The help page of a topic ("shell", "calc", ...), by its block of 10000;
+// "index" for a topic of no block.
 QString helpPageOfTopic(int topic);
 
 // ---- Text and number services ----------------------------------------------

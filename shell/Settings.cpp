@@ -363,13 +363,13 @@ bool seedFolder(const QString& from, const QString& to) {
   return ok;
 }
 
-QString resolveAppFolder(const QString& programFolder) {
-  // Writable when a file can be made there (the classic portable installation).
+QString programDataFolder(const QString& programFolder) {
+  // Writable when a file can be made there.
   QTemporaryFile probe(QDir(programFolder).filePath(QStringLiteral("cvprobe-XXXXXX")));
-  if (probe.open()) return QDir(programFolder).absolutePath() + QLatin1Char('/');
+  if (probe.open()) return programFolder;
   const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-  if (user.isEmpty()) return QDir(programFolder).absolutePath() + QLatin1Char('/');
+  if (user.isEmpty() || !QDir().mkpath(user)) return programFolder;
   seedFolder(programFolder, user);
   QDir().mkpath(QDir(user).filePath(QStringLiteral("datos")));
-  return QDir(user).absolutePath() + QLatin1Char('/');
+  return user;
 }

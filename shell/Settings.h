@@ -50,10 +50,11 @@ void restoreDefaults(ProgramState& state);
 
 // ---- Where the program keeps its files ----------------------------------------
 
-// The program folder (ending in "/") when it is writable; otherwise the
-// per-user data folder, seeded on first use with what the program folder
-// carries (cvdata.txt, sounds, fonts, tables), so the program works the same.
-QString resolveAppFolder(const QString& programFolder);
+// The folder the program keeps its files in: the program folder itself when
+// it is writable (a portable installation); otherwise the per-user data
+// folder, seeded on first use with what the program folder carries
+// (cvdata.txt, sounds, fonts, tables), so that the program works the same.
+QString programDataFolder(const QString& programFolder);
 // Copies every file of from (recursively) that to lacks, leaving existing
 // files alone; executables are not copied. False when a copy failed.
 bool seedFolder(const QString& from, const QString& to);

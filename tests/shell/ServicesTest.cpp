@@ -327,19 +327,20 @@ struct RecordingHelp : HelpPresenter {
 TEST_F(ServicesTest, HelpCursorShowsOneTopicInsteadOfActing) {
   RecordingHelp help;
   setHelpPresenter(&help);
-  EXPECT_FALSE(helpInstead(1203));
+  EXPECT_FALSE(helpInstead(20003));
   EXPECT_TRUE(help.topics.empty());
 
   setHelpCursor(true);
-  EXPECT_TRUE(helpInstead(1203));
+  EXPECT_TRUE(helpInstead(20003));
   EXPECT_FALSE(program().helpCursor);
-  EXPECT_FALSE(helpInstead(1204));  // the mode ends after one topic
-  EXPECT_EQ(help.topics, std::vector<int>{1203});
+  EXPECT_FALSE(helpInstead(20004));  // the mode ends after one topic
+  EXPECT_EQ(help.topics, std::vector<int>{20003});
   EXPECT_EQ(help.cursor, (std::vector<bool>{true, false}));
   setHelpPresenter(nullptr);
 
-  EXPECT_EQ(helpPageOfTopic(5), QStringLiteral("shell"));
-  EXPECT_EQ(helpPageOfTopic(1203), QStringLiteral("calc"));
-  EXPECT_EQ(helpPageOfTopic(10999), QStringLiteral("geometry"));
-  EXPECT_EQ(helpPageOfTopic(11000), QStringLiteral("index"));
+  EXPECT_EQ(helpPageOfTopic(10011), QStringLiteral("shell"));
+  EXPECT_EQ(helpPageOfTopic(20003), QStringLiteral("calc"));
+  EXPECT_EQ(helpPageOfTopic(119999), QStringLiteral("geometry"));
+  EXPECT_EQ(helpPageOfTopic(120000), QStringLiteral("index"));
+  EXPECT_EQ(helpPageOfTopic(5), QStringLiteral("index"));
 }

@@ -1,0 +1,149 @@
+#pragma once
+// The scientific calculator's model (window comand1) without its widgets.
+//
+// How the pieces fit:
+//  - The whole working state is text: `numero` is the entry and the current
+//    value, `result` the information line and scratch cell of every answer.
+//    There is no separate number register: each key reads `numero` with the
+//    locale-aware conversion, computes, writes the answer text into `result`,
+//    copies it to `numero` and reformats it (Command90_Click).
+//  - Two-operand keys keep their left operand in `accumulator` and their name
+//    in `pendingOp`; the chain runs strictly left to right.
+//  - Every key handler has the name of its control (Command19_Click is
+//    equals, Command13_Click(i) the operators...). Each first gives way to the
+//    help cursor, then runs inside a failure guard: any run-time failure ends
+//    in the "unexpected failure" path, which shows error code 31.
+//  - `numero` reports its changes (numero_Change), which ends an error cycle
+//    and feeds the history.
+//  - CalculatorKeypad.h holds the table of keys (caption, tooltip, place,
+//    handler) and CalculatorKeyMap.h the keyboard map; click(), keyPress() and
+//    keyDown() are the entry points the window and calvix-cli share.
+//
+// The view (CalculatorWindow) builds the widgets from the tables, forwards
+// each event here and repaints from the fields; it also moves the focus to
+// the control named in focusRequest.
+#include <QString>
+#include <QtCore/qnamespace.h>
+#include <cstdint>
+
+#include "calc/CalculatorHistory.h"
+#include "calc/TextField.h"
+#include "shell/Variant.h"
+
+class CalculatorEngine {
+ public:
+  // The scientific window by default; the normal calculator shares the engine
+  // with its own history padding.
+  struct HistoryPadding {
+    int plain = 32;  // blanks after a history line
+    int total = 32;  // blanks after the "TOTAL" word of an equals line
+  };
+
+  CalculatorEngine();
+  explicit CalculatorEngine(HistoryPadding padding);
+  CalculatorEngine(const CalculatorEngine&) = delete;
+  CalculatorEngine& operator=(const CalculatorEngine&) = delete;
+
+  // ---- Display fields (their texts are the state) -------------------------
+  TextField numero{QStringLiteral("0")};
+  TextField result{QStringLiteral("0")};
+  QString func;
+  QString dcm;       // decimals of displayFormat
+  QString redond;    // digits of the rounding key
+  QString angulo;    // "deg", "rad" or "gra"
+  QString temperat;  // "Celsius", "Kelvin" or "Fahrenheit"
+  QString ivas;      // VAT rate followed by " %"
+  QString HexDec;    // "DEC" or "HEX"
+
+  // ---- Window-level variables ---------------------------------------------
+  rt::Variant accumulator;      // left operand of pendingOp (a text, a float or 0)
+  QString pendingOp;            // "/", "x", "+", "--", "x^y" or empty
+  std::int16_t entryActive = 0; // 1 while digits are appended to numero
+  std::int16_t errorState = 0;  // 0 none, 1 unexpected, 2 reported, 3 shown
+  QString errorPrefix;          // first three letters of the word "Error"
+  QString numberPrefix;         // "" in decimal mode, "&h" in hexadecimal mode
+  QString hypFlag;              // "H" for the next trigonometric key
+  QString displayFormat;        // "General Number" or "0.##..." after SET
+  QString notationFormat;       // displayFormat with an exponent part
+
+  // ---- What the window shows besides the texts ----------------------------
+  bool image3Failure = false;  // Image3: failure picture instead of the normal one
+  bool hexKeysVisible = false; // Command30 shown (and Command33/34 hidden)
+  bool stopRequested = false;  // tag of Command93: Esc asks a long listing to stop
+  bool contextMenuRequested = false;  // Shift+F10: the view opens its context menu
+  QString focusRequest;        // control that should take the focus next
+
+  // ---- History (the list Combo1) ------------------------------------------
+  CalculatorHistory Combo1;
+  int Command69Tag = 0;  // last kind of history line written
+
+  // ---- Window events -------------------------------------------------------
+  void Form_Load();
+  void Form_Activate();
+  void Form_Unload();
+
+  // ---- Keys ----------------------------------------------------------------
+  void Command1_Click(int index);   // digit 0-9
+  void Command30_Click(int index);  // hexadecimal digit A-F
+  void Command11_Click();           // decimal separator
+  void Command12_Click();           // sign
+  void Command47_Click();           // exponent
+  void Command31_Click();           // backspace
+  void Command17_Click();           // corrector
+  void Command18_Click();           // clear, and the error presenter
+  void Command13_Click(int index);  // 0 product, 1 sum, 2 difference, 3 quotient
+  void Command14_Click();           // power
+  void Command19_Click();           // equals
+  void Command90_Click();           // reformat numero through displayFormat
+  void Command61_Click();           // SET: decimals of the display format
+  void Command32_Click();           // digits of the rounding key
+  void Command35_Click();           // round numero
+  void Command20_Click();           // scientific notation into result
+  void Command22_Click();           // decimal / hexadecimal mode
+  void Command69_Click();           // one history line
+  void addHistoryValue(const QString& text);
+  void numero_Change();
+
+  // ---- Failure paths ---------------------------------------------------------
+  // A key found a bad argument: result shows the code's text, then the clear
+  // key runs (the pending operator is lost).
+  void reportFailure(int code);
+  // A run-time failure inside a key: the text of code 31 after the clear.
+  void unexpectedFailure();
+
+  // ---- Entry points shared by the window and calvix-cli --------------------
+  // Clicks a control by name ("Command13", index 3); false when the calculator
+  // has no such control.
+  bool click(const QString& control, int index = -1);
+  // A typed character through the window's key map; false when unmapped.
+  bool keyPress(QChar c);
+  // A held key (Qt key code and modifiers) through the key map.
+  bool keyDown(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  // A key stroke as the keyboard delivers it: the held key, then the character.
+  bool typeCharacter(QChar c);
+
+  // The status panel of the history: count, a blank and its label.
+  QString historyStatus() const;
+  // The currency panel written on activation: "1 euro = 166.386 pts".
+  QString currencyStatus() const;
+
+  // Names of the two-operand operators, as pendingOp holds them.
+  static QString operatorName(int index);
+  static const QString kPower;
+
+  // Help topic of a control of this window (number of the control).
+  static int helpTopic(int controlNumber);
+
+ private:
+  template <typename Body>
+  void guarded(int controlNumber, Body&& body);
+  void enterDigit(const QString& digit);
+  void clearErrorLine();
+  double value() const;  // numero through the locale-aware reading
+  rt::Variant applyPending(double right) const;
+  bool isPendingOperator() const;
+  void chainOperator(const QString& name, bool chainAny);
+  static bool smallWholeNumber(double v);
+
+  HistoryPadding padding_;
+};

@@ -1,0 +1,36 @@
+#pragma once
+// The calculator's keys as a table: one row per key with its control name and
+// index, caption, tooltip string, place (panel, row, column, spans) and the
+// handler it runs. The window builds its buttons from this table, the model
+// acts on control names, never on a translated caption, and calvix-cli clicks
+// keys by the same names. Later tool families add their rows (and panels).
+#include <QList>
+#include <QString>
+
+class CalculatorEngine;
+
+enum class KeypadPanel {
+  Main,  // the number keypad beside the display
+};
+
+struct KeypadKey {
+  const char* control;  // "Command13"
+  int index;            // index within a control array, -1 for a single control
+  const char* caption;  // shown on the key (symbols, not translated)
+  int tooltipId;        // string id of the tooltip, 0 for none
+  KeypadPanel panel;
+  int row;
+  int column;
+  int rowSpan;
+  int columnSpan;
+  void (*press)(CalculatorEngine&, int index);
+};
+
+// Every key of the scientific calculator.
+const QList<KeypadKey>& calculatorKeys();
+// The key of a control, or nullptr when there is none.
+const KeypadKey* findKey(const QString& control, int index);
+// True when the calculator has a control of that name (any index).
+bool hasControl(const QString& control);
+// The object name of a key's widget: "Command19", "Command13(3)".
+QString keyObjectName(const KeypadKey& key);

@@ -1,0 +1,301 @@
+#include "calc/CalculatorWindow.h"
+
+#include <QCloseEvent>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "calc/CalculatorKeypad.h"
+#include "shell/PictureHolderView.h"
+#include "shell/ProgramState.h"
+#include "shell/Strings.h"
+
+namespace {
+
+constexpr int kStateSize = 30;
+
+// Colours of the settings: red in the low byte, held in a float.
+QColor settingColour(float value) {
+  const auto rgb = static_cast<std::uint32_t>(value);
+  return QColor(static_cast<int>(rgb & 0xFF), static_cast<int>((rgb >> 8) & 0xFF),
+                static_cast<int>((rgb >> 16) & 0xFF));
+}
+
+// The key a held stroke means. Shift+1 to Shift+4 arrive as the shifted
+// symbol of the keyboard layout; the key's position tells the digit.
+int heldKeyOf(const QKeyEvent* event) {
+  const int key = event->key();
+  if (event->modifiers().testFlag(Qt::ShiftModifier) && (key < Qt::Key_0 || key > Qt::Key_9)) {
+    const quint32 scan = event->nativeScanCode();
+    if (scan >= 10 && scan <= 18) return Qt::Key_1 + static_cast<int>(scan - 10);  // X11 digit row
+  }
+  return key;
+}
+
+// The character a stroke types, for keys that give no text on some platforms.
+QChar typedOf(const QKeyEvent* event) {
+  if (!event->text().isEmpty()) return event->text().at(0);
+  switch (event->key()) {
+    case Qt::Key_Backspace: return QChar(8);
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return QChar(13);
+    case Qt::Key_Escape: return QChar(27);
+    default: return {};
+  }
+}
+
+}  // namespace
+
+CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
+  setObjectName(QStringLiteral("comand1"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWindowTitle(Res(4103));
+
+  auto* central = new QWidget(this);
+  auto* columns = new QHBoxLayout(central);
+  columns->setContentsMargins(10, 10, 10, 6);
+  columns->setSpacing(10);
+  auto* left = new QVBoxLayout;
+  left->setSpacing(8);
+  left->addWidget(buildDisplay());
+  left->addWidget(buildKeypad(), 1);
+  columns->addLayout(left, 3);
+  columns->addWidget(buildPanels(), 2);
+  setCentralWidget(central);
+
+  historyPanel_ = new QLabel(this);
+  currencyPanel_ = new QLabel(this);
+  statusBar()->addWidget(historyPanel_);
+  statusBar()->addPermanentWidget(currencyPanel_);
+
+  QPalette pal = central->palette();
+  pal.setColor(QPalette::Window, settingColour(program().BackgroundColour));
+  central->setAutoFillBackground(true);
+  central->setPalette(pal);
+
+  installEventFilter(this);
+  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  resize(700, 500);
+  refresh();
+  if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
+}
+
+CalculatorWindow::~CalculatorWindow() = default;
+
+QLineEdit* CalculatorWindow::addField(const QString& name, int tooltipId, int width) {
+  auto* field = new QLineEdit(this);
+  field->setObjectName(name);
+  field->setReadOnly(true);
+  field->setFocusPolicy(Qt::NoFocus);
+  field->setAlignment(Qt::AlignCenter);
+  if (tooltipId) field->setToolTip(Res(tooltipId));
+  if (width > 0) field->setFixedWidth(width);
+  return field;
+}
+
+QWidget* CalculatorWindow::buildDisplay() {
+  auto* box = new QWidget(this);
+  auto* v = new QVBoxLayout(box);
+  v->setContentsMargins(0, 0, 0, 0);
+  v->setSpacing(4);
+
+  auto* modes = new QHBoxLayout;
+  modes->setSpacing(4);
+  func = addField(QStringLiteral("func"), 4303, 0);
+  func->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  HexDec = addField(QStringLiteral("HexDec"), 4724, 44);
+  angulo = addField(QStringLiteral("angulo"), 4721, 40);
+  temperat = addField(QStringLiteral("temperat"), 4722, 82);
+  ivas = addField(QStringLiteral("ivas"), 4723, 50);
+  Image3 = new QLabel(this);
+  Image3->setObjectName(QStringLiteral("Image3"));
+  Image3->setFixedSize(kStateSize, kStateSize);
+  Image3->setToolTip(Res(4720));
+  modes->addWidget(func, 1);
+  modes->addWidget(HexDec);
+  modes->addWidget(angulo);
+  modes->addWidget(temperat);
+  modes->addWidget(ivas);
+  modes->addWidget(Image3);
+  v->addLayout(modes);
+
+  const QColor face = settingColour(program().DisplayColour);
+  const QColor ink = settingColour(program().TextColour);
+  const QString look = QStringLiteral("background: %1; color: %2; border: 1px solid #40506a; border-radius: 3px;")
+                           .arg(face.name(), ink.name());
+  numero = addField(QStringLiteral("numero"), 4319, 0);
+  numero->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  QFont big = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  big.setPointSizeF(big.pointSizeF() * 1.9);
+  big.setBold(true);
+  numero->setFont(big);
+  numero->setMinimumHeight(44);
+  numero->setStyleSheet(QStringLiteral("QLineEdit { %1 padding: 2px 8px; }").arg(look));
+  v->addWidget(numero);
+
+  result = new QPlainTextEdit(this);
+  result->setObjectName(QStringLiteral("result"));
+  result->setReadOnly(true);
+  result->setFocusPolicy(Qt::NoFocus);
+  result->setToolTip(Res(4323));
+  result->setFixedHeight(result->fontMetrics().lineSpacing() * 3 + 12);
+  result->setStyleSheet(QStringLiteral("QPlainTextEdit { %1 }").arg(look));
+  v->addWidget(result);
+
+  auto* formats = new QHBoxLayout;
+  formats->setSpacing(4);
+  dcm = addField(QStringLiteral("dcm"), 4302, 40);
+  redond = addField(QStringLiteral("redond"), 4322, 40);
+  auto* dcmLabel = new QLabel(QStringLiteral("SET"), this);
+  auto* redondLabel = new QLabel(QStringLiteral("Rdo"), this);
+  formats->addWidget(dcmLabel);
+  formats->addWidget(dcm);
+  formats->addSpacing(10);
+  formats->addWidget(redondLabel);
+  formats->addWidget(redond);
+  formats->addStretch(1);
+  v->addLayout(formats);
+  return box;
+}
+
+QWidget* CalculatorWindow::buildKeypad() {
+  auto* pad = new QWidget(this);
+  pad->setObjectName(QStringLiteral("keypad"));
+  auto* grid = new QGridLayout(pad);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(4);
+  for (const KeypadKey& k : calculatorKeys()) {
+    if (k.panel != KeypadPanel::Main) continue;
+    auto* b = new QPushButton(QString::fromUtf8(k.caption), pad);
+    b->setObjectName(keyObjectName(k));
+    b->setMinimumSize(48, 34);
+    b->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    if (k.tooltipId) b->setToolTip(Res(k.tooltipId));
+    const QString control = QString::fromLatin1(k.control);
+    const int index = k.index;
+    connect(b, &QPushButton::clicked, this, [this, control, index] {
+      engine_.click(control, index);
+      afterEvent();
+    });
+    grid->addWidget(b, k.row, k.column, k.rowSpan, k.columnSpan);
+    keys_.insert(b->objectName(), b);
+    if (control == QLatin1String("Command30")) hexKeys_ << b;
+  }
+  // The separator key shows the system's own decimal symbol.
+  if (QPushButton* sep = keyButton(QStringLiteral("Command11"))) sep->setText(program().DecimalSymbol.toText());
+  if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setDefault(true);
+  return pad;
+}
+
+QWidget* CalculatorWindow::buildPanels() {
+  // The panel area: one page per tool family; the history is the first.
+  panels_ = new QTabWidget(this);
+  panels_->setObjectName(QStringLiteral("panels"));
+  panels_->setFocusPolicy(Qt::NoFocus);
+  Combo1 = new QListWidget(panels_);
+  Combo1->setObjectName(QStringLiteral("Combo1"));
+  Combo1->setFocusPolicy(Qt::NoFocus);
+  Combo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  panels_->addTab(Combo1, Res(4719));
+  panels_->setMinimumWidth(230);
+  return panels_;
+}
+
+QPushButton* CalculatorWindow::keyButton(const QString& control, int index) const {
+  const QString name = index < 0 ? control : control + QLatin1Char('(') + QString::number(index) + QLatin1Char(')');
+  return keys_.value(name);
+}
+
+void CalculatorWindow::refresh() {
+  numero->setText(engine_.numero);
+  if (result->toPlainText() != engine_.result.text()) result->setPlainText(engine_.result);
+  func->setText(engine_.func);
+  dcm->setText(engine_.dcm);
+  redond->setText(engine_.redond);
+  angulo->setText(engine_.angulo);
+  temperat->setText(engine_.temperat);
+  ivas->setText(engine_.ivas);
+  HexDec->setText(engine_.HexDec);
+  Image3->setPixmap(pictures::calculatorState(engine_.image3Failure, kStateSize));
+  for (QPushButton* b : std::as_const(hexKeys_)) b->setVisible(engine_.hexKeysVisible);
+  refreshHistory();
+  historyPanel_->setText(engine_.historyStatus());
+  currencyPanel_->setText(engine_.currencyStatus());
+}
+
+void CalculatorWindow::refreshHistory() {
+  const QStringList& lines = engine_.Combo1.lines();
+  if (lines.size() < shownHistory_) {
+    Combo1->clear();
+    shownHistory_ = 0;
+  }
+  for (qsizetype i = shownHistory_; i < lines.size(); ++i) Combo1->addItem(lines.at(i));
+  if (lines.size() != shownHistory_) {
+    shownHistory_ = static_cast<int>(lines.size());
+    Combo1->setCurrentRow(shownHistory_ - 1);
+    Combo1->scrollToBottom();
+  }
+}
+
+void CalculatorWindow::afterEvent() {
+  refresh();
+  if (!engine_.focusRequest.isEmpty()) {
+    if (QPushButton* target = keys_.value(engine_.focusRequest)) target->setFocus();
+    engine_.focusRequest.clear();
+  }
+  // The window has no context menu of its own yet; the request is dropped.
+  engine_.contextMenuRequested = false;
+}
+
+void CalculatorWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (placed_) return;
+  placed_ = true;
+  if (QScreen* s = screen()) {
+    const QRect area = s->availableGeometry();
+    move(area.left() + (area.width() - frameGeometry().width()) / 2,
+         area.top() + (area.height() - frameGeometry().height()) / 2);
+  }
+}
+
+void CalculatorWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    engine_.Form_Activate();
+    refresh();
+  }
+}
+
+void CalculatorWindow::closeEvent(QCloseEvent* event) {
+  if (!unloaded_) {
+    unloaded_ = true;
+    engine_.Form_Unload();
+  }
+  event->accept();
+}
+
+// The window takes every key before its controls (key preview): the held key
+// first, then the character it types.
+bool CalculatorWindow::takeKey(QKeyEvent* event) {
+  const auto mods = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
+  const bool held = engine_.keyDown(heldKeyOf(event), mods);
+  const QChar typed = typedOf(event);
+  const bool typedTaken = !typed.isNull() && !mods.testFlag(Qt::ControlModifier) && engine_.keyPress(typed);
+  if (held || typedTaken) afterEvent();
+  return held || typedTaken;
+}
+
+bool CalculatorWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event))) return true;
+  return QMainWindow::eventFilter(watched, event);
+}

@@ -1,0 +1,69 @@
+#pragma once
+// The scientific calculator's window (comand1): the display fields, the state
+// picture Image3, the keypad built from the key table, and a panel area whose
+// first page is the history. Every key and every keyboard stroke goes to the
+// CalculatorEngine; the view then repaints from the engine's fields and moves
+// the focus where the engine asks (Command19, so that Enter is equals).
+#include <QHash>
+#include <QMainWindow>
+
+#include "calc/CalculatorEngine.h"
+
+class QKeyEvent;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QTabWidget;
+
+class CalculatorWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit CalculatorWindow(QWidget* parent = nullptr);
+  ~CalculatorWindow() override;
+
+  CalculatorEngine& engine() { return engine_; }
+  // Repaints every field from the engine.
+  void refresh();
+  // The button of a key ("Command13", 3), or nullptr.
+  QPushButton* keyButton(const QString& control, int index = -1) const;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QLineEdit* addField(const QString& name, int tooltipId, int width);
+  QWidget* buildDisplay();
+  QWidget* buildKeypad();
+  QWidget* buildPanels();
+  void afterEvent();
+  bool takeKey(QKeyEvent* event);
+  void refreshHistory();
+
+  CalculatorEngine engine_;
+  // Controls under their model names.
+  QLineEdit* numero = nullptr;
+  QPlainTextEdit* result = nullptr;
+  QLineEdit* func = nullptr;
+  QLineEdit* dcm = nullptr;
+  QLineEdit* redond = nullptr;
+  QLineEdit* angulo = nullptr;
+  QLineEdit* temperat = nullptr;
+  QLineEdit* ivas = nullptr;
+  QLineEdit* HexDec = nullptr;
+  QLabel* Image3 = nullptr;
+  QListWidget* Combo1 = nullptr;
+  QTabWidget* panels_ = nullptr;
+  QLabel* historyPanel_ = nullptr;
+  QLabel* currencyPanel_ = nullptr;
+  QHash<QString, QPushButton*> keys_;  // by object name
+  QList<QPushButton*> hexKeys_;
+  int shownHistory_ = 0;
+  bool unloaded_ = false;
+  bool placed_ = false;
+};

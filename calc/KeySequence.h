@@ -1,0 +1,32 @@
+#pragma once
+// Key sequences written as text, as calvix-cli and the tests give them.
+// Tokens are separated by blanks:
+//   Command19, Command13(3)   a click of that control (with its array index)
+//   = or Enter                equals (Command19)
+//   Backspace, Esc, F1..F12   a named key, optionally Shift+ or Ctrl+ in front;
+//   Shift+1..Shift+4, Shift+V, Ctrl+V   the held keys with a character
+//   anything else             typed character by character through the key
+//                             map: "12.5" types 1, 2, the separator and 5
+#include <QList>
+#include <QString>
+#include <QtCore/qnamespace.h>
+
+class CalculatorEngine;
+
+struct KeyStep {
+  enum class Kind { Click, Type, Held };
+  Kind kind = Kind::Type;
+  QString control;  // Click
+  int index = -1;   // Click
+  QChar character;  // Type: a character typed (held key, then the character)
+  int key = 0;      // Held: Qt key code
+  Qt::KeyboardModifiers modifiers;  // Held
+  QChar alsoTyped;  // Held: the character the stroke also types (Backspace, Esc)
+};
+
+// Parses a sequence; on a bad token returns false and says why in error.
+bool parseKeySequence(const QString& sequence, QList<KeyStep>& steps, QString& error);
+// Runs parsed steps on the engine.
+void runKeySteps(CalculatorEngine& engine, const QList<KeyStep>& steps);
+// Parses and runs; false (and nothing run) on a bad token.
+bool runKeySequence(CalculatorEngine& engine, const QString& sequence, QString* error = nullptr);
