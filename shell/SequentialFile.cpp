@@ -146,7 +146,9 @@ SequentialReader::Field SequentialReader::nextField() {
     raw = bytes_.mid(start, pos_ - start).trimmed();
   }
   // One delimiter: a comma, or a line end (CR LF, CR or LF).
-  lastComplete_ = closed && pos_ < n;
+  // Whole: a quoted text that found its closing quote, or any field that
+  // found its delimiter. An unquoted field at the end may have been cut.
+  lastComplete_ = f.quoted ? closed : pos_ < n;
   if (pos_ < n) {
     if (bytes_.at(pos_) == ',') {
       ++pos_;

@@ -58,9 +58,9 @@ class SequentialReader {
   Variant readVariant();
   // "Line Input #": the rest of the current line, without its CR LF.
   QString readLine();
-  // True when the last field read was whole: it ended at a delimiter (a comma
-  // or a line end) and a quoted text had its closing quote. False when the
-  // bytes ran out inside it, as in a file cut short.
+  // True when the last field read was whole: a quoted text had its closing
+  // quote, any other field ended at a delimiter (a comma or a line end).
+  // False when the bytes ran out inside it, as in a file cut short.
   bool lastFieldComplete() const { return lastComplete_; }
 
  private:

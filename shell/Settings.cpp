@@ -240,14 +240,29 @@ const QString kSeparator = QStringLiteral("\n");
 }  // namespace
 
 SettingsRead readSettingsFile(const QString& path, ProgramState& state) {
+  QByteArray bytes;
+  try {
+    bytes = rt::readWholeFile(path);
+  } catch (const rt::RuntimeError& e) {
+    SettingsRead out;
+    out.error = e.number();
+    return out;
+  }
+  return readSettingsBytes(bytes, state);
+}
+
+SettingsRead readSettingsBytes(const QByteArray& bytes, ProgramState& state) {
   SettingsRead out;
   std::vector<const Item*> filled;
   try {
-    rt::SequentialReader r(rt::readWholeFile(path));
+    rt::SequentialReader r(bytes);
     for (const Item& item : layout()) {
       switch (item.kind) {
         case Item::Key:
-        case Item::Separator: r.readText(); break;  // read and never compared
+        case Item::Separator:
+          r.readText();  // read and never compared
+          if (!r.lastFieldComplete()) rt::raise(rt::kInputPastEndOfFile);
+          break;
         case Item::Value: {
           const rt::Variant v = readTyped(r, item.type);
           // A value the file ends inside is not taken: it may be cut short.

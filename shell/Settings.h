@@ -39,6 +39,8 @@ struct SettingsRead {
 // Reads the file into the state, without any message. After a whole read the
 // calendar dates lose their time part and a vanished events file is forgotten.
 SettingsRead readSettingsFile(const QString& path, ProgramState& state);
+// The same on the bytes of a file.
+SettingsRead readSettingsBytes(const QByteArray& bytes, ProgramState& state);
 // The file's bytes for a state.
 QByteArray settingsBytes(const ProgramState& state);
 // Replaces the file with the state's settings; error 0 or the run-time error.

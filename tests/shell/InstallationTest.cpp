@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 
+#include "shell/ProgramState.h"
+#include "shell/Settings.h"
 #include "tests/support/TestSupport.h"
 
 namespace {
@@ -26,4 +28,12 @@ TEST(Installation, TheThreeFontsAreInstalledUnderTheirNames) {
     ASSERT_TRUE(f.open(QIODevice::ReadOnly)) << name;
     EXPECT_EQ(f.read(4), QByteArray("\x00\x01\x00\x00", 4)) << name << " is not a TrueType font";
   }
+}
+
+TEST(Installation, TheInstalledSettingsFileReadsWithoutAFailure) {
+  ProgramState state;
+  clearSettings(state);
+  const SettingsRead r = readSettingsFile(binPath(QStringLiteral("cvdata.txt")), state);
+  EXPECT_EQ(r.error, 0);
+  EXPECT_EQ(state.Currency1.toText(), QStringLiteral("euro"));
 }
