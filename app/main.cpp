@@ -9,6 +9,7 @@
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/HelpWindow.h"
 #include "shell/MessageBoxWindow.h"
+#include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/WindowRegistry.h"
 
@@ -24,6 +25,8 @@ int main(int argc, char** argv) {
   setMessagePresenter(&messageBox);
   HelpWindowPresenter help;
   setHelpPresenter(&help);
+  PrinterPresenter printer;
+  setPrintPresenter(&printer);
   registerWindowFactory(WindowId::Help, [] { return new HelpWindow; });
   registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
   registerWindowFactory(WindowId::ControlCentre, [] { return new ControlCentreWindow; });
@@ -31,6 +34,7 @@ int main(int argc, char** argv) {
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
+  setPrintPresenter(nullptr);
   setHelpPresenter(nullptr);
   setMessagePresenter(nullptr);
   setPlatform(nullptr);
