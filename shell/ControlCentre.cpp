@@ -122,7 +122,7 @@ void ControlCentre::loadBeforeShow() {
     p.SystemFolder = rightTrimmed(QStringLiteral("/usr/lib"));
     p.TempFolder = rightTrimmed(QDir::tempPath());
   });
-  runStep(7, [&] { p.UserName = rt::Variant(platform().userName()); });
+  runStep(7, [&] { p.UserName = rt::Variant(SystemUserName(0)); });
   runStep(8, [&] {
     p.helpCursor = false;
     p.RegressionNames = {QStringLiteral("y = ax + b"), QStringLiteral("y = b (x^a)"), QStringLiteral("y = b (a^x)"),

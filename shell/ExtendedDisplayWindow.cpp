@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QVBoxLayout>
 
 #include "shell/Strings.h"
@@ -33,7 +34,12 @@ ExtendedDisplayWindow::ExtendedDisplayWindow(QWidget* parent)
   setObjectName(QStringLiteral("ExtendedDisplay"));
   setWindowTitle(Res(3025));
   Text1 = makeBox(this, "Text1", displayFont(44, true));
-  Text2 = makeBox(this, "Text2", displayFont(22, false));
+  Text2 = new QPlainTextEdit(this);
+  Text2->setObjectName(QStringLiteral("Text2"));
+  Text2->setReadOnly(true);
+  Text2->setFocusPolicy(Qt::NoFocus);
+  Text2->setFont(displayFont(22, false));
+  Text2->setFixedHeight(Text2->fontMetrics().lineSpacing() * 3 + 12);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(10, 10, 10, 10);
   layout->setSpacing(8);

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QLineEdit;
+class QPlainTextEdit;
 
 class ExtendedDisplayWindow : public QWidget {
   Q_OBJECT
@@ -16,7 +17,7 @@ class ExtendedDisplayWindow : public QWidget {
   void fitWidth(int width);
 
   QLineEdit* Text1 = nullptr;
-  QLineEdit* Text2 = nullptr;
+  QPlainTextEdit* Text2 = nullptr;  // results may hold several lines
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QScreen>
 #include <QWidget>
@@ -118,15 +119,30 @@ void ExtendedDisplayRefresh(QWidget* calculator, int widthMargin) {
   // Frame colours blue byte first: C00000 is a dark blue, C0C000 a teal.
   display->setFrameColour(scientific ? QColor(0x00, 0x00, 0xC0) : QColor(0x00, 0xC0, 0xC0));
   display->fitWidth(calculator->width() - widthMargin);
-  auto copy = [calculator](const char* name, QLineEdit* target) {
-    auto* source = calculator->findChild<QWidget*>(QString::fromLatin1(name));
-    if (!source) return;
-    target->setText(source->property("text").toString());
+  // The calculator's displays: a line edit or a multi-line box, coloured by
+  // palette or style sheet (both end up in the palette).
+  auto source = [calculator](const char* name, QString& text, QPalette& colours) {
+    auto* w = calculator->findChild<QWidget*>(QString::fromLatin1(name));
+    if (!w) return false;
+    const QVariant plain = w->property("plainText");
+    text = plain.isValid() ? plain.toString() : w->property("text").toString();
+    colours = w->palette();
+    return true;
+  };
+  auto paint = [](QWidget* target, const QPalette& from) {
     QPalette pal = target->palette();
-    pal.setColor(QPalette::Base, source->palette().color(QPalette::Base));
-    pal.setColor(QPalette::Text, source->palette().color(QPalette::Text));
+    pal.setColor(QPalette::Base, from.color(QPalette::Base));
+    pal.setColor(QPalette::Text, from.color(QPalette::Text));
     target->setPalette(pal);
   };
-  copy("numero", display->Text1);
-  copy("result", display->Text2);
+  QString text;
+  QPalette colours;
+  if (source("numero", text, colours)) {
+    display->Text1->setText(text);
+    paint(display->Text1, colours);
+  }
+  if (source("result", text, colours)) {
+    display->Text2->setPlainText(text);
+    paint(display->Text2, colours);
+  }
 }

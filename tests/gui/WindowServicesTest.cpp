@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -27,7 +28,7 @@ QWidget* fakeCalculator(const QString& number, const QColor& back) {
   pal.setColor(QPalette::Base, back);
   pal.setColor(QPalette::Text, Qt::yellow);
   numero->setPalette(pal);
-  auto* result = new QLineEdit(QStringLiteral("r = ") + number, w);
+  auto* result = new QPlainTextEdit(QStringLiteral("r = ") + number + QStringLiteral("\nsecond line"), w);
   result->setObjectName(QStringLiteral("result"));
   result->move(0, 40);
   return w;
@@ -94,7 +95,7 @@ class WindowServicesTest : public QObject {
     QVERIFY(calc && display);
     QCOMPARE(display->windowTitle(), QStringLiteral("1"));
     QCOMPARE(display->Text1->text(), QStringLiteral("12.5"));
-    QCOMPARE(display->Text2->text(), QStringLiteral("r = 12.5"));
+    QCOMPARE(display->Text2->toPlainText(), QStringLiteral("r = 12.5\nsecond line"));
     QCOMPARE(display->Text1->palette().color(QPalette::Base), QColor(Qt::black));
     QCOMPARE(display->Text1->palette().color(QPalette::Text), QColor(Qt::yellow));
     QCOMPARE(display->Text1->width(), calc->width() - kExtendedDisplayMargin);
