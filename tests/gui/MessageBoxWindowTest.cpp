@@ -109,24 +109,6 @@ class MessageBoxWindowTest : public QObject {
     }
   }
 
-  void buttonsShowTheCaptionsOfTheirSet() {
-    whenShown([](MBox* box) {
-      QCOMPARE(box->Label1[0]->text(), Res(57));
-      QCOMPARE(box->Label1[1]->text(), Res(58));
-      QCOMPARE(box->Label1[2]->text(), Res(54));
-      QVERIFY(box->But1[2]->isVisible());
-      box->Label1_Click(2);
-    });
-    MBoxShow(0, QStringLiteral("Three"), 2, 7);
-    whenShown([](MBox* box) {
-      QVERIFY(box->But1[0]->isVisible());
-      QVERIFY(!box->But1[1]->isVisible());
-      QCOMPARE(box->Label3->text(), QStringLiteral("My title"));
-      box->Label1_Click(0);
-    });
-    MBoxShow(0, QStringLiteral("One"), 4, 0, 0, QStringLiteral("My title"));
-  }
-
   void aReleaseOutsideTheButtonDoesNotPressIt() {
     whenShown([](MBox* box) {
       MBoxButton* b = box->But1[1];

@@ -1,26 +1,11 @@
-// What the message box decides without a window: schemes of the kinds, the
-// auto-close rules, the decimal key, and the fields MBoxShow passes and
-// clears.
+// What the message box decides without a window: the auto-close rules, and
+// the fields MBoxShow passes and clears.
 #include "shell/DateTime.h"
 #include "shell/MessageBoxModel.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"
 
 class MessageBoxModelTest : public CalvixTest {};
-
-TEST_F(MessageBoxModelTest, OnlyKindsOneAndFiveHaveAField) {
-  for (int kind = 0; kind <= 10; ++kind) {
-    const MessageKindScheme s = messageKindScheme(kind);
-    EXPECT_EQ(s.list, kind == 1) << kind;
-    EXPECT_EQ(s.input, kind == 5) << kind;
-  }
-  // Kind 3 is the error scheme: red gradient, lines as given blue byte first.
-  const MessageKindScheme error = messageKindScheme(3);
-  EXPECT_EQ(error.red[0], 208);
-  EXPECT_EQ(error.blue[1], 0);
-  EXPECT_EQ(error.lines[0], 0x40A0F0u);
-  EXPECT_EQ(messageKindScheme(0).lines, messageKindScheme(42).lines);
-}
 
 TEST_F(MessageBoxModelTest, AutoCloseFollowsTheSettingList) {
   const QString title = QStringLiteral("Calvix  -  Test");
@@ -39,12 +24,6 @@ TEST_F(MessageBoxModelTest, InputNeverClosesByTimeButTheAlarmAlwaysDoes) {
   EXPECT_EQ(autoCloseSeconds(Res(441), true, rt::Variant::integer(0)), 15);
   program().LanguageOffset = 10000;  // the alarm title is recognised in the current language
   EXPECT_EQ(autoCloseSeconds(Res(441), false, rt::Variant::integer(0)), 15);
-}
-
-TEST_F(MessageBoxModelTest, CommaAndPointBecomeTheDecimalSymbol) {
-  EXPECT_EQ(inputKey(QLatin1Char('.'), QStringLiteral(",")), QLatin1Char(','));
-  EXPECT_EQ(inputKey(QLatin1Char(','), QStringLiteral(".")), QLatin1Char('.'));
-  EXPECT_EQ(inputKey(QLatin1Char('7'), QStringLiteral(",")), QLatin1Char('7'));
 }
 
 TEST_F(MessageBoxModelTest, MBoxShowFillsTheResultsAndClearsTheFields) {
