@@ -92,6 +92,8 @@ void DragWindow(QWidget* window) {
   if (!window) return;
   window = window->window();
   if (window->windowHandle() && window->windowHandle()->startSystemMove()) return;
+  // Only while a button is held: the drag ends with its release.
+  if (QGuiApplication::mouseButtons() == Qt::NoButton) return;
   new ManualDrag(window, QCursor::pos());
 }
 
