@@ -25,12 +25,28 @@ bool load(QSoundEffect& effect, const QString& path) {
   return true;
 }
 
+// Whether a sound server is there to talk to. Without one, the sound layer
+// prints complaints on the console at its first use; a machine with no sound
+// (a server, a virtual display) simply plays nothing.
+bool soundServerPresent() {
+  static const bool present = [] {
+    if (qEnvironmentVariableIsSet("PULSE_SERVER")) return true;
+    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (runtime.isEmpty()) runtime = QStringLiteral("/run/user/%1").arg(getuid());
+    return QFileInfo::exists(runtime + QStringLiteral("/pulse/native")) ||
+           QFileInfo::exists(runtime + QStringLiteral("/pipewire-0"));
+  }();
+  return present;
+}
+
 }  // namespace
 
 LinuxPlatform::LinuxPlatform() = default;
 LinuxPlatform::~LinuxPlatform() = default;
 
 bool LinuxPlatform::playSound(const QString& path, bool async) {
+  if (!QFileInfo::exists(path)) return false;
+  if (!soundServerPresent()) return true;  // the file is fine; there is just nothing to hear it on
   if (async) {
     asyncSound_ = std::make_unique<QSoundEffect>();
     if (!load(*asyncSound_, path)) return false;
