@@ -73,8 +73,6 @@ class FunctionTable {
     std::function<bool()> plotVisible;
     // Fills the derivative columns after each evaluation.
     std::function<void()> computeDerivatives;
-    // Puts a report on paper; false when it was not printed.
-    std::function<bool(const PrintDocument&)> print;
   };
 
   FunctionTable();
@@ -197,9 +195,12 @@ class FunctionTable {
   EvlInputs inputs() const;
 
   // ---- Printing ------------------------------------------------------------------------
-  // The report of the table: header, formulas, one line per row with page
-  // breaks every rowsPerPage rows, the heading repeated.
+  // The report of the table: title, formulas, one line per row, a new page
+  // with the heading again after rowsPerPage rows (fewer on the first page).
   PrintDocument printDocument(int rowsPerPage) const;
+  // Table rows that fit below the heading of a page; the window sets it from
+  // the printer.
+  int printRowsPerPage = 80;
 
   // ---- Helpers for readers -------------------------------------------------------------
   // The cell text; the heading is row 0.
@@ -250,6 +251,7 @@ class FunctionTable {
   bool stepF(int& budget);
   bool stepG(int& budget);
   void recountEditedCells();
+  void printPageHeading(PrintDocument& doc, const QString& date) const;
 
   AddInFunctions library_;
   Evaluator engine_;

@@ -8,6 +8,7 @@
 #include "funcs/FunctionTable.h"
 #include "shell/ErrorReport.h"
 #include "shell/NumberText.h"
+#include "shell/Printing.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"
 
@@ -641,4 +642,84 @@ TEST_F(FunctionTableTest, ADamagedFileIsRefusedAndTheWindowStaysAsItWas) {
   t.txtExpression = QStringLiteral("x & \"a\"");
   EXPECT_FALSE(t.saveFile(path));
   EXPECT_EQ(lastMessage(), ErrorText(907));
+}
+
+// ---- Printing ------------------------------------------------------------------------------
+
+namespace {
+class CapturingPrinter : public PrintPresenter {
+ public:
+  CapturingPrinter() { setPrintPresenter(this); }
+  ~CapturingPrinter() override { setPrintPresenter(nullptr); }
+  PrintResult print(const PrintDocument& document) override {
+    documents.push_back(document);
+    return PrintResult::Printed;
+  }
+  std::vector<PrintDocument> documents;
+};
+}  // namespace
+
+TEST_F(FunctionTableTest, PrintingListsEveryRowWithTheHeadingOnEachPage) {
+  CapturingPrinter printer;
+  t.imprimEval_Click();
+  EXPECT_EQ(lastMessage(), ErrorText(912));
+  EXPECT_TRUE(printer.documents.empty());
+
+  interval(QStringLiteral("0"), QStringLiteral("199"));
+  byStep(QStringLiteral("1"));
+  t.txtExpression = QStringLiteral("x*2");
+  t.Text2 = QStringLiteral("x+1");
+  t.Check1_Click();
+  t.cmdResult_Click();
+  t.printRowsPerPage = 50;
+  t.imprimEval_Click();
+  ASSERT_EQ(printer.documents.size(), 1u);
+  const QList<PrintLine>& lines = printer.documents[0].lines();
+  auto texts = [](const PrintLine& l) {
+    QStringList out;
+    for (const PrintSpan& s : l.spans) out << QString::number(s.column) + QLatin1Char(':') + s.text;
+    return out;
+  };
+  int rows = 0, pages = 1, rowsOnPage = 0, mostOnAPage = 0;
+  bool formulas = false;
+  for (qsizetype i = 0; i < lines.size(); ++i) {
+    if (lines[i].pageBreakBefore) {
+      ++pages;
+      mostOnAPage = std::max(mostOnAPage, rowsOnPage);
+      rowsOnPage = 0;
+      // Each page opens with the title and the column heading.
+      ASSERT_FALSE(lines[i].spans.isEmpty());
+      EXPECT_EQ(lines[i].spans[0].text, Res(1468));
+      EXPECT_EQ(texts(lines[i + 1]), QStringList({"10:" + Res(1477), "20:X", "50:F(x)", "80:G(x)"}));
+    }
+    const QStringList t = texts(lines[i]);
+    if (t == QStringList({"6:F (x) = x*2"})) formulas = true;
+    if (!t.isEmpty() && t[0].startsWith(QStringLiteral("10:0"))) {
+      ++rows;
+      ++rowsOnPage;
+      if (rows == 1) {
+        EXPECT_EQ(t, QStringList({"10:0001", "20:0", "50:0", "80:1"}));
+      } else if (rows == 200) {
+        EXPECT_EQ(t, QStringList({"10:0200", "20:199", "50:398", "80:200"}));
+      }
+    }
+  }
+  EXPECT_TRUE(formulas);
+  EXPECT_EQ(rows, 200);
+  EXPECT_EQ(pages, 5);
+  EXPECT_EQ(mostOnAPage, 50);
+
+  // Expression mode names its index column and has no X.
+  t.mnuexpr_Click();
+  t.txtExpression = QStringLiteral("6*7");
+  t.cmdResult_Click();
+  t.imprimEval_Click();
+  ASSERT_EQ(printer.documents.size(), 2u);
+  bool heading = false, row = false;
+  for (const PrintLine& l : printer.documents[1].lines()) {
+    heading = heading || texts(l) == QStringList({"10:" + Res(1470), "50:" + Res(1461)});
+    row = row || texts(l) == QStringList({"10:0001", "20:", "50:42"});
+  }
+  EXPECT_TRUE(heading);
+  EXPECT_TRUE(row);
 }
