@@ -453,10 +453,13 @@ void FunctionTable::recountEditedCells() {
 void FunctionTable::MSFlexGrid1_EnterKey() {
   if (!editMode) return;
   MSFlexGrid1_LeaveCell();
+  // The next shown column of the row; with vertical bars only the row ends at F(x).
   const int lastCol = scrollBars == ScrollBars::Vertical ? kF : kColumns - 1;
-  if (Col < lastCol) {
-    ++Col;
-    return;
+  for (int c = Col + 1; c <= lastCol; ++c) {
+    if (colWidth[static_cast<size_t>(c)] > 0) {
+      Col = c;
+      return;
+    }
   }
   Col = 0;
   ++Row;
