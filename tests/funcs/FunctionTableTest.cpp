@@ -544,12 +544,15 @@ TEST_F(FunctionTableTest, EditModeTakesTypedNumbersAndCountsTheFilledCells) {
   EXPECT_TRUE(t.plot);
   EXPECT_EQ(program().pointCount, 2);
 
-  // With both scroll bars Enter walks through every column before the next row.
+  // With both scroll bars Enter goes on to G(x), past the columns edit mode hides.
   t.Form_KeyDown(Qt::Key_F12, Qt::ShiftModifier);
   EXPECT_EQ(t.scrollBars, FunctionTable::ScrollBars::Both);
-  t.MSFlexGrid1_Select(1, 5);
+  t.MSFlexGrid1_Select(1, 1);
   t.MSFlexGrid1_EnterKey();
   EXPECT_EQ(t.Col, 6);
+  t.MSFlexGrid1_EnterKey();
+  EXPECT_EQ(t.Row, 2);
+  EXPECT_EQ(t.Col, 0);
   t.Form_KeyDown(Qt::Key_F12, Qt::ControlModifier);
   EXPECT_FALSE(t.editMode);
   EXPECT_EQ(t.colWidth[2], 1450);
