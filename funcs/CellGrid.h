@@ -36,10 +36,15 @@ class CellGrid {
   void set(int row, int col, const QString& text);
   // Same as set(row, col, rt::NumberToText(value)), without building the text.
   void setNumber(int row, int col, double value);
+  // setNumber for a value that textValue gave: it is stored as it is.
+  void setTextValue(int row, int col, double shown);
   bool isEmpty(int row, int col) const;
   // The cell's text read as a number (locale-aware, as CDbl reads it); false
   // when it is empty or not a number.
   bool number(int row, int col, double& value) const;
+  // True when the cell holds the default text of a number: value is then
+  // the value of that text, as textValue gives it.
+  bool storedNumber(int row, int col, double& value) const;
 
   // Every cell empty; the row count stays.
   void clear();

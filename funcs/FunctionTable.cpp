@@ -152,6 +152,7 @@ void FunctionTable::closePlotWindow() {
 void FunctionTable::clearTable() {
   ProgramState& p = program();
   run_.reset();
+  stopRequested_ = false;
   phase = 2;
   p.pointCount = 0;
   Image4 = {false, false};

@@ -184,6 +184,9 @@ class FunctionTable {
   bool tabulationStep(int maxRows);
   void stopTabulation();
   bool isTabulating() const { return run_ != nullptr; }
+  // True while a step runs: a message box inside it keeps events going, and
+  // a stop asked for meanwhile takes effect when the row in hand is done.
+  bool isStepping() const { return stepping_; }
   // 0 to 1; the part of the table done.
   double tabulationProgress() const;
 
@@ -221,6 +224,7 @@ class FunctionTable {
     qint64 expectedRows = 1;
     int gRow = 1;
     bool withVariables = false;
+    QString errorWord;  // "Error" in a G cell stops the table
     Evaluator::Expression f, g;
     // A formula that does not compile fails where its first evaluation would.
     std::optional<EvalError> fError, gError;
@@ -237,7 +241,8 @@ class FunctionTable {
   void recomputeIncrement();
   void applyInputs(const EvlInputs& in);
   void setColumn1Width();
-  void feedX(double x);
+  double feedX(double x);
+  void feedRowX(int row);
   void assignX(double xShown);
   bool rowX(int row, double& x) const;
   void xCellFromLibrary(const QString& text);
@@ -247,6 +252,7 @@ class FunctionTable {
   void failG(const QString& description);
   void startG();
   void finishTable();
+  void stopNow();
   void endCorrection();
   bool stepF(int& budget);
   bool stepG(int& budget);
@@ -257,6 +263,8 @@ class FunctionTable {
   Evaluator engine_;
   int xSlot_ = -1;
   std::unique_ptr<Tabulation> run_;
+  bool stepping_ = false;
+  bool stopRequested_ = false;
   bool replotAfterRun_ = false;  // the swap turns the plot on again at the end
   bool xCellCancelled_ = false;  // the user cancelled a domain failure of this point
 };

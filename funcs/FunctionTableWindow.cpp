@@ -512,6 +512,14 @@ void FunctionTableWindow::changeEvent(QEvent* event) {
 }
 
 void FunctionTableWindow::closeEvent(QCloseEvent* event) {
+  // Closed from inside a step (a message box keeps events going): the table
+  // stops first, the window closes after.
+  if (table_.isStepping()) {
+    table_.stopTabulation();
+    event->ignore();
+    QTimer::singleShot(0, this, [this] { close(); });
+    return;
+  }
   if (!unloaded_) {
     unloaded_ = true;
     table_.Form_Unload();

@@ -47,13 +47,27 @@ void FunctionTable::assignX(double shown) {
   engine_.setNumber(xSlot_, shown);
 }
 
-// AddCode("<constants>: x= " + Str(x)), without building the text.
-void FunctionTable::feedX(double x) {
+// AddCode("<constants>: x= " + Str(x)), without building the text. Returns
+// the x the engine got, the value of x's text.
+double FunctionTable::feedX(double x) {
   if (run_ && run_->withVariables) engine_.AddCode(txtVariables);
   double shown = 0;
   // The text of a number next to the largest double reads back as an overflow.
   if (!CellGrid::textValue(x, shown)) throw EvalError(EvalError::kOverflow);
   assignX(shown);
+  return shown;
+}
+
+// The x of a row, as its text gives it to the engine.
+void FunctionTable::feedRowX(int row) {
+  double x = 0;
+  if (MSFlexGrid1.storedNumber(row, kX, x)) {  // already the value of its text
+    if (run_->withVariables) engine_.AddCode(txtVariables);
+    assignX(x);
+    return;
+  }
+  if (!rowX(row, x)) throw EvalError(EvalError::kTypeMismatch);  // an X cell left empty
+  feedX(x);
 }
 
 bool FunctionTable::rowX(int row, double& x) const { return MSFlexGrid1.number(row, kX, x); }
@@ -125,6 +139,7 @@ bool FunctionTable::beginFunctionTable() {
   const double rows = std::floor((t->limit - start) / increment) + 1;
   t->expectedRows = static_cast<qint64>(std::clamp(rows, 1.0, static_cast<double>(kMaxRows)));
   t->withVariables = !txtVariables.trimmed().isEmpty();
+  t->errorWord = Res(2800);
   try {
     t->f = engine_.compile(txtExpression);
   } catch (const EvalError& e) {
@@ -143,11 +158,16 @@ bool FunctionTable::beginFunctionTable() {
 // ---- Steps ---------------------------------------------------------------------------
 
 bool FunctionTable::tabulationStep(int maxRows) {
+  if (!run_) return true;
+  if (stepping_) return false;
+  stepping_ = true;
   int budget = std::max(maxRows, 1);
-  while (run_ && budget > 0) {
+  while (run_ && budget > 0 && !stopRequested_) {
     if (run_->stage == Tabulation::Stage::F) stepF(budget);
     else stepG(budget);
   }
+  stepping_ = false;
+  if (stopRequested_) stopNow();
   return !run_;
 }
 
@@ -171,7 +191,7 @@ double FunctionTable::tabulationProgress() const {
 bool FunctionTable::stepF(int& budget) {
   ProgramState& p = program();
   Tabulation& t = *run_;
-  for (; budget > 0; --budget) {
+  for (; budget > 0 && !stopRequested_; --budget) {
     const bool inside = t.ascending ? t.x <= t.limit : t.x >= t.limit;
     if (!inside || !std::isfinite(t.x) || p.pointCount >= kMaxRows) {
       endCorrection();
@@ -179,8 +199,7 @@ bool FunctionTable::stepF(int& budget) {
     }
     const int row = ++p.pointCount;
     try {
-      feedX(t.x);
-      MSFlexGrid1.setNumber(row, kX, t.x);
+      MSFlexGrid1.setTextValue(row, kX, feedX(t.x));
       if (t.fError) throw *t.fError;
       storeValue(MSFlexGrid1, row, kF, engine_.evaluate(t.f));
     } catch (const EvalError& e) {
@@ -252,7 +271,7 @@ void FunctionTable::startG() {
 bool FunctionTable::stepG(int& budget) {
   ProgramState& p = program();
   Tabulation& t = *run_;
-  for (; budget > 0; --budget) {
+  for (; budget > 0 && !stopRequested_; --budget) {
     if (t.gRow > p.pointCount) {
       p.titleG = QStringLiteral("G(x) = ") + Text2;
       p.hasG = -1;
@@ -260,17 +279,18 @@ bool FunctionTable::stepG(int& budget) {
       finishTable();
       return true;
     }
+    bool errorWord = false;
     try {
-      double x = 0;
-      if (!rowX(t.gRow, x)) throw EvalError(EvalError::kTypeMismatch);  // an X cell left empty
-      feedX(x);
+      feedRowX(t.gRow);
       if (t.gError) throw *t.gError;
-      storeValue(MSFlexGrid1, t.gRow, kG, engine_.evaluate(t.g));
+      const rt::Variant value = engine_.evaluate(t.g);
+      storeValue(MSFlexGrid1, t.gRow, kG, value);
+      errorWord = value.isText() && value.rawText() == t.errorWord;
     } catch (const EvalError& e) {
       failG(e.description());
       return true;
     }
-    if (xCellCancelled_ || MSFlexGrid1.get(t.gRow, kG) == Res(2800)) {
+    if (xCellCancelled_ || errorWord) {
       clearTable();
       return true;
     }
@@ -335,6 +355,15 @@ void FunctionTable::engineFailureMessage(const QString& text) {
 
 // Esc: the rows computed so far stay as the table, without G.
 void FunctionTable::stopTabulation() {
+  if (stepping_) {
+    stopRequested_ = true;
+    return;
+  }
+  stopNow();
+}
+
+void FunctionTable::stopNow() {
+  stopRequested_ = false;
   if (!run_) return;
   ProgramState& p = program();
   MSFlexGrid1.clearRow(p.pointCount + 1, kX, kF);

@@ -35,6 +35,33 @@ TEST_F(CellGridTest, NumbersSetByValueReadAsTheirDefaultTextAndItsValue) {
                    std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::min(), 5.0 / 199}) {
     check(v);
   }
+  // Around the powers of ten where the digit count changes.
+  for (int e = -10; e <= 40; ++e) {
+    const double p = std::pow(10.0, e);
+    double v = p;
+    for (int i = 0; i < 4; ++i) v = std::nextafter(v, 0.0);
+    for (int i = 0; i < 8; ++i, v = std::nextafter(v, 2 * p)) check(v);
+    check(p * 0.99999999999999995);
+    check(-p * 9.999999999999995);
+  }
+  // Exact halves at the sixteenth digit go to the even digit.
+  for (double v = 1000000000000005.0; v < 1000000000000400.0; v += 10) {
+    check(v);
+    check(-v);
+    check(v / 1024);
+  }
+}
+
+TEST_F(CellGridTest, TheValueOfANumbersTextIsFoundExactlyOverTheUsualRange) {
+  std::mt19937_64 gen(5);
+  std::uniform_real_distribution<double> mantissa(1, 10);
+  std::uniform_int_distribution<int> exponent(-12, 40);
+  for (int i = 0; i < 200000; ++i) {
+    const double v = mantissa(gen) * std::pow(10.0, exponent(gen)) * (i % 2 ? -1 : 1);
+    double shown = 0;
+    ASSERT_TRUE(CellGrid::textValue(v, shown)) << v;
+    ASSERT_EQ(shown, rt::TextToDouble(rt::NumberToText(v))) << v;
+  }
 }
 
 TEST_F(CellGridTest, TextsThatAreNotDefaultNumberTextsComeBackAsTyped) {
@@ -51,10 +78,13 @@ TEST_F(CellGridTest, TextsThatAreNotDefaultNumberTextsComeBackAsTyped) {
   double v = 0;
   ASSERT_TRUE(grid.number(1, 0, v));
   EXPECT_EQ(v, 0.1);
-  // Texts that are numbers in another form still read as numbers.
+  EXPECT_TRUE(grid.storedNumber(1, 0, v));
+  // Texts that are numbers in another form still read as numbers, but are
+  // not stored as such.
   grid.set(1, 1, QStringLiteral("1.50"));
   ASSERT_TRUE(grid.number(1, 1, v));
   EXPECT_EQ(v, 1.5);
+  EXPECT_FALSE(grid.storedNumber(1, 1, v));
   grid.set(1, 1, QStringLiteral("Error"));
   EXPECT_FALSE(grid.number(1, 1, v));
   grid.set(1, 1, QString());

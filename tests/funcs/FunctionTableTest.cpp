@@ -3,6 +3,7 @@
 // rows they keep, the checks on leaving each box, modes, edit mode, files.
 #include <QDir>
 #include <QFile>
+#include <functional>
 
 #include "funcs/EvlFile.h"
 #include "funcs/FunctionTable.h"
@@ -487,6 +488,39 @@ TEST_F(FunctionTableTest, StepsGiveTheSameTableAndEscKeepsTheRowsDone) {
   EXPECT_TRUE(t.MSFlexGrid1.isEmpty(301, 0));
   EXPECT_TRUE(t.MSFlexGrid1.isEmpty(1, 6));
   EXPECT_EQ(t.txtEnd, QStringLiteral("1000"));
+}
+
+namespace {
+// A message box that runs something while it is open, as the window's box
+// keeps events going (a key press, a click).
+class BusyPresenter : public ScriptedPresenter {
+ public:
+  std::function<void()> whileOpen;
+  MessageReply present(const MessageRequest& request) override {
+    if (whileOpen) whileOpen();
+    return ScriptedPresenter::present(request);
+  }
+};
+}  // namespace
+
+TEST_F(FunctionTableTest, EscPressedWhileAMessageIsOpenStopsAfterThatRow) {
+  BusyPresenter box;
+  PresenterScope scope(&box);
+  interval(QStringLiteral("-1"), QStringLiteral("1"));
+  byPoints(QStringLiteral("5"));
+  t.txtExpression = QStringLiteral("ln(x)");
+  box.whileOpen = [this] {
+    t.Form_KeyDown(Qt::Key_Escape, Qt::NoModifier);
+    EXPECT_FALSE(t.tabulationStep(10));  // no step inside a step
+  };
+  t.stepwise = true;
+  t.cmdResult_Click();
+  EXPECT_TRUE(t.tabulationStep(100));
+  EXPECT_EQ(box.shown().size(), 1u);
+  EXPECT_EQ(program().pointCount, 1);
+  EXPECT_EQ(t.TextMatrix(1, 1), QStringLiteral("0"));
+  EXPECT_FALSE(t.isTabulating());
+  EXPECT_FALSE(t.isStepping());
 }
 
 TEST_F(FunctionTableTest, AnIncrementTableHasNoRowLimit) {
