@@ -38,7 +38,7 @@
 
 namespace {
 
-constexpr int kSliceTarget = 30;  // ms of work between two turns of the event loop
+constexpr int kSliceTarget = 20;  // ms of work between two turns of the event loop
 
 // "description|*.evl" pairs as the file dialog wants them.
 QString dialogFilter(const QString& filter) {
@@ -108,9 +108,14 @@ FunctionTableWindow::FunctionTableWindow(QWidget* parent) : QMainWindow(parent) 
 }
 
 FunctionTableWindow::~FunctionTableWindow() {
+  // Widgets going away still send events (focus, current cell): none of them
+  // reaches the table from here on.
+  destroying_ = true;
   if (!unloaded_) table_.Form_Unload();
   // The grid reads the table, which goes before the widgets do.
-  delete MSFlexGrid1;
+  FunctionGridView* grid = MSFlexGrid1;
+  MSFlexGrid1 = nullptr;
+  delete grid;
 }
 
 // ---- Building -----------------------------------------------------------------------
@@ -372,6 +377,7 @@ void FunctionTableWindow::updatePrintRows() {
 
 template <typename Handler>
 void FunctionTableWindow::act(Handler&& handler) {
+  if (destroying_) return;
   const bool wasRunning = table_.isTabulating();
   handler();
   if (table_.closeRequested) {
@@ -481,6 +487,7 @@ bool FunctionTableWindow::gridKey(QKeyEvent* event) {
 }
 
 bool FunctionTableWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (destroying_) return QMainWindow::eventFilter(watched, event);
   if (event->type() == QEvent::KeyPress) {
     auto* key = static_cast<QKeyEvent*>(event);
     if (watched == MSFlexGrid1) return gridKey(key);

@@ -97,4 +97,5 @@ class FunctionTableWindow : public QMainWindow {
   int sliceRows_ = 2000;
   bool refreshing_ = false;
   bool unloaded_ = false;
+  bool destroying_ = false;
 };
