@@ -523,16 +523,6 @@ TEST_F(FunctionTableTest, EscPressedWhileAMessageIsOpenStopsAfterThatRow) {
   EXPECT_FALSE(t.isStepping());
 }
 
-TEST_F(FunctionTableTest, AnIncrementTableHasNoRowLimit) {
-  interval(QStringLiteral("0"), QStringLiteral("99999"));
-  byStep(QStringLiteral("1"));
-  t.txtExpression = QStringLiteral("x/2");
-  t.cmdResult_Click();
-  EXPECT_EQ(program().pointCount, 100000);
-  EXPECT_EQ(t.TextMatrix(100000, 1), QStringLiteral("49999.5"));
-  EXPECT_LE(t.MSFlexGrid1.memoryBytes(), 2 * sizeof(double) * 100000 * 3 / 2);
-}
-
 // ---- Edit mode --------------------------------------------------------------------------------
 
 TEST_F(FunctionTableTest, EditModeTakesTypedNumbersAndCountsTheFilledCells) {
@@ -636,49 +626,40 @@ TEST_F(FunctionTableTest, AFileRestoresEveryFieldAndTheMode) {
   EXPECT_TRUE(messages.shown().empty());
 }
 
-TEST_F(FunctionTableTest, WrongExtensionsAreRefusedAndNothingIsRead) {
-  const QString dir = appFolder.path();
-  QFile f(QDir(dir).filePath(QStringLiteral("curve.txt")));
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-  f.write(writeEvl(EvlInputs{}));
-  f.close();
-  const EvlInputs before = t.inputs();
-  EXPECT_FALSE(t.openFile(f.fileName()));
-  EXPECT_EQ(lastMessage(), ErrorText(901));
-  EXPECT_EQ(t.inputs(), before);
-  // A missing file with the right extension is looked for; with another one it is not.
-  EXPECT_FALSE(t.openFile(QDir(dir).filePath(QStringLiteral("none.evl"))));
-  EXPECT_EQ(lastMessage(), ErrorText(902));
-  EXPECT_FALSE(t.openFile(QDir(dir).filePath(QStringLiteral("none.dat"))));
-  EXPECT_EQ(lastMessage(), ErrorText(901));
-  // Upper-case extensions pass; saving under another one does not.
-  EXPECT_TRUE(t.saveFile(QDir(dir).filePath(QStringLiteral("UPPER.EVL"))));
-  EXPECT_FALSE(t.saveFile(QDir(dir).filePath(QStringLiteral("curve.csv"))));
-  EXPECT_EQ(lastMessage(), ErrorText(900));
-  EXPECT_FALSE(QFile::exists(QDir(dir).filePath(QStringLiteral("curve.csv"))));
-  t.txtExpression.clear();
-  t.mnuguard_Click();
-  EXPECT_EQ(lastMessage(), ErrorText(105));
-}
-
-TEST_F(FunctionTableTest, ADamagedFileIsRefusedAndTheWindowStaysAsItWas) {
-  const QString path = QDir(appFolder.path()).filePath(QStringLiteral("bad.evl"));
-  QFile f(path);
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-  f.write("1\r\n\"0\",\"5\"\r\n");
-  f.close();
+TEST_F(FunctionTableTest, WrongAndDamagedFilesAreRefusedAndTheWindowStaysAsItWas) {
+  const QDir dir(appFolder.path());
+  auto write = [&](const QString& name, const QByteArray& bytes) {
+    QFile f(dir.filePath(name));
+    EXPECT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+    return f.fileName();
+  };
   t.cmdResult_Click();
   const int rows = program().pointCount;
   const EvlInputs before = t.inputs();
-  EXPECT_FALSE(t.openFile(path));
+  // The name decides before the file is looked at: a good file, a missing one.
+  EXPECT_FALSE(t.openFile(write(QStringLiteral("curve.txt"), writeEvl(EvlInputs{}))));
+  EXPECT_EQ(lastMessage(), ErrorText(901));
+  EXPECT_FALSE(t.openFile(dir.filePath(QStringLiteral("none.dat"))));
+  EXPECT_EQ(lastMessage(), ErrorText(901));
+  EXPECT_FALSE(t.openFile(dir.filePath(QStringLiteral("none.evl"))));
+  EXPECT_EQ(lastMessage(), ErrorText(902));
+  EXPECT_FALSE(t.openFile(write(QStringLiteral("bad.evl"), "1\r\n\"0\",\"5\"\r\n")));
   EXPECT_EQ(lastMessage(), ErrorText(904));
   EXPECT_EQ(t.inputs(), before);
   EXPECT_EQ(t.operationMode, 0);
   EXPECT_EQ(program().pointCount, rows);
-  // A text the file cannot hold is not saved half-way.
+  // Saving: upper case passes, another extension or a text the form cannot hold does not.
+  EXPECT_TRUE(t.saveFile(dir.filePath(QStringLiteral("UPPER.EVL"))));
+  EXPECT_FALSE(t.saveFile(dir.filePath(QStringLiteral("curve.csv"))));
+  EXPECT_EQ(lastMessage(), ErrorText(900));
+  EXPECT_FALSE(QFile::exists(dir.filePath(QStringLiteral("curve.csv"))));
   t.txtExpression = QStringLiteral("x & \"a\"");
-  EXPECT_FALSE(t.saveFile(path));
+  EXPECT_FALSE(t.saveFile(dir.filePath(QStringLiteral("quote.evl"))));
   EXPECT_EQ(lastMessage(), ErrorText(907));
+  t.txtExpression.clear();
+  t.mnuguard_Click();
+  EXPECT_EQ(lastMessage(), ErrorText(105));
 }
 
 // ---- Printing ------------------------------------------------------------------------------
