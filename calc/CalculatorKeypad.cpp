@@ -108,7 +108,7 @@ void addConversionKeys(QList<KeypadKey>& keys) {
        << key("Command5", 0, "Celsius", 4756, T, 0, 0, temperature)
        << key("Command5", 1, "Kelvin", 4757, T, 0, 1, temperature)
        << key("Command5", 2, "Fahrenheit", 4758, T, 0, 2, temperature)
-       << key("Command48", -1, "Temp", 4759, T, 0, 3, [](E& e, int) { e.Command48_Click(); })
+       << key("Command48", -1, "Temp", 4759, T, 1, 0, [](E& e, int) { e.Command48_Click(); }, 3)
        << key("Command59", 0, "deg", 4760, A, 0, 0, angle) << key("Command59", 1, "rad", 4761, A, 0, 1, angle)
        << key("Command59", 2, "gra", 4762, A, 0, 2, angle) << key("Command9", 0, "DEC", 4768, B, 0, 0, base)
        << key("Command9", 1, "HEX", 4769, B, 0, 1, base) << key("Command9", 2, "OCT", 4770, B, 0, 2, base)
