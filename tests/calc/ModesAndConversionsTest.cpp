@@ -38,7 +38,6 @@ const Row kRows[] = {
     // VAT at the default 16 %, a new rate, and chains.
     {"VatAmount", "100 V", "16"},
     {"AddVat", "100 Shift+V", "116"},
-    {"RemoveVat", "116 Ctrl+V", "100"},
     {"AddThenRemoveVat", "123.45 Shift+V Ctrl+V", "123.45"},
     {"NewRateApplies", "7.5 Command60 200 V", "15"},
     {"RateAbove100IsIgnored", "101 Command60 100 V", "16"},
@@ -47,7 +46,6 @@ const Row kRows[] = {
     // Currencies: 1 euro = 166.386 pts.
     {"EurosToPesetas", "10 Q", "1663.86"},
     {"PesetasToEuros", "1663.86 W", "10"},
-    {"CurrencyRoundTrip", "12.34 Q W", "12.34"},
     {"CurrencyInAChain", "2 * 10 Q =", "3327.72"},
     // Temperature: every pair, and a scale to itself.
     {"CelsiusToKelvin", "25 Command5(1)", "25", "298.15 Kelvin"},
@@ -57,16 +55,12 @@ const Row kRows[] = {
     {"FahrenheitToCelsius", "Command48 Command48 212 Command5(0)", "212", "100 Celsius"},
     {"FahrenheitToKelvin", "Command48 Command48 32 Command5(1)", "32", "273.15 Kelvin"},
     {"KelvinToKelvinReturnsTheInput", "Command48 12.50 Command5(1)", "12.50", "12.50 Kelvin"},
-    {"CelsiusToCelsiusReturnsTheInput", "5< Command5(0)", "-5", "-5 Celsius"},
-    {"TemperatureCycleReturnsToCelsius", "Command48 Command48 Command48 10 Command5(1)", "10", "283.15 Kelvin"},
     // Angle units: the value goes to result, numero keeps the entry.
     {"DegreesToRadians", "180 Command59(1)", "180", "3.14159265358979 rad"},
     {"DegreesToGrads", "90 Command59(2)", "90", "100 gra"},
     {"RadiansToDegrees", "Command50 Command50 3.14159265358979 Command59(0)", "3.14159265358979", "180 deg"},
     {"RadiansToGrads", "Command50 Command50 3.14159265358979 Command59(2)", nullptr, "200 gra"},
     {"GradsToDegrees", "Command50 200 Command59(0)", "200", "180 deg"},
-    {"GradsToRadians", "Command50 100 Command59(1)", nullptr, "1.5707963267949 rad"},
-    {"SameUnitKeepsTheValue", "Command50 123.4 Command59(2)", nullptr, "123.4 gra"},
     {"DegreeTextToRadians", "90º Command59(1)", "90", "1.5707963267949 rad"},
     // Degree entry: one mark per press, in order; nothing after the seconds.
     {"DegreeMarks", "12º34º56º", "12°34'56''"},
@@ -78,7 +72,6 @@ const Row kRows[] = {
     // Degree text to number.
     {"DegreesAndMinutes", "12º30º Command65", "12.5", "12°30'  (deg)"},
     {"DegreesMinutesSeconds", "12º34º56º Command65", "12.5822222222222"},
-    {"DegreesOnly", "45º Command65", "45", "45°  (deg)"},
     {"GradeMinutesAreHundredths", "Command50 12º30º50º Command65", "12.305", "12°30'50''  (gra)"},
     {"SeparatorIsCode1", "1.5º Command65", "0", "<E1>"},
     {"ParsingInRadiansIsCode25", "30º Command50 Command50 Command65", "0", "<E25>"},
@@ -100,10 +93,8 @@ const Row kRows[] = {
     {"ReductionBeyond32BitsIsUnexpected", "3E9 Command67", "0", "<E31>"},
     // Number bases: the runtime's Hex and Oct, 32-bit binary.
     {"ToHexadecimal", "255 H", "255", "FF  (Hexadecimal)"},
-    {"ToOctal", "8 O", "8", "10  (Octal)"},
     {"ToBinary", "5 B", "5", "101  (Binario)"},
     {"ZeroToBinary", "0 B", "0", "0000  (Binario)"},
-    {"ToDecimal", "12.5 D", "12.5", "12.5  (Decimal)"},
     {"HexRoundsHalfToEven", "12.5 H", nullptr, "C  (Hexadecimal)"},
     {"MinusOneToHexIsSixteenBit", "1< H", nullptr, "FFFF  (Hexadecimal)"},
     {"MinusOneToBinaryIs32Bit", "1< B", nullptr, "11111111111111111111111111111111  (Binario)"},
@@ -119,14 +110,11 @@ const Row kRows[] = {
     // Decimal to base N and back, through the input box.
     {"FiveToBaseEightKeepsLeadingZero", "5 Command91", "5", "05  (Base 8)", "8"},
     {"BaseTenIsCode26", "5 Command91", "0", "<E26>", "10"},
-    {"BaseOneIsCode26", "5 Command91", "0", "<E26>", "1"},
     {"BaseWithSeparatorIsCode26", "5 Command91", "0", "<E26>", "2.0"},
     {"BaseThatIsNotANumberIsCode26", "5 Command91", "0", "<E26>", "ocho"},
     {"ToBaseTwo", "13 Command91", nullptr, "1101  (Base 2)", "2"},
     {"ToBaseDropsSignAndFraction", "13.7< Command91", nullptr, "1101  (Base 2)", "2"},
-    {"ZeroToBaseNine", "0 Command91", nullptr, "00  (Base 9)", "9"},
     {"FromBaseTwo", "101 Command92", "101", "101  (Base2)  en base 10 =  5", "2"},
-    {"FromBaseEight", "777 Command92", nullptr, "777  (Base8)  en base 10 =  511", "8"},
     {"DigitAtTheBaseIsCode27", "19 Command92", "0", "<E27> 8", "8"},
     {"FromBaseTenIsCode26", "19 Command92", "0", "<E26>", "10"},
 };
