@@ -1,8 +1,8 @@
 // The scientific keys of the calculator: powers and logarithms, the
 // trigonometric and hyperbolic functions, integer parts, percent, factorial
-// and the physical constants. Each key follows the unary pattern (unaryKey);
-// the domain tests come in the order the users know them, each with its own
-// error code.
+// and the physical constants. Each key follows the unary pattern (unaryKey):
+// its domain tests run before any computing, each with its own error code,
+// and a run-time failure inside (an overflow) takes the unexpected path.
 #include <cmath>
 
 #include "calc/CalculatorEngine.h"
