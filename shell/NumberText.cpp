@@ -1,10 +1,12 @@
 #include "shell/NumberText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <charconv>
 #include <cstdlib>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "shell/Numeric.h"
 #include "shell/ProgramState.h"
@@ -23,22 +25,72 @@ struct RawDigits {
   int exponent = 0;   // weight of the first digit
 };
 
-RawDigits rawDigits(double x, int precision) {
-  RawDigits d;
-  if (x == 0 || !std::isfinite(x)) return d;
-  // to_chars rounds correctly to the digits asked for; we only reshape its text.
-  char buf[64];
-  const auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, precision - 1);
-  const char* p = buf;
+// Splits the scientific text of to_chars into sign, digits and exponent.
+void readScientific(const char* p, const char* end, RawDigits& d, int& n) {
   if (*p == '-') {
     d.negative = true;
     ++p;
   }
-  int n = 0;
-  for (; p < res.ptr && *p != 'e'; ++p) {
+  n = 0;
+  for (; p < end && *p != 'e'; ++p) {
     if (*p != '.') d.digits[n++] = *p;
   }
-  if (p < res.ptr) std::from_chars(*(p + 1) == '+' ? p + 2 : p + 1, res.ptr, d.exponent);
+  if (p < end) std::from_chars(*(p + 1) == '+' ? p + 2 : p + 1, end, d.exponent);
+}
+
+// 10^k for the exponents a double's digits can have, near enough for
+// estimating a rounding margin.
+double powerOfTen(int k) {
+  static const std::vector<double> table = [] {
+    std::vector<double> t;
+    for (int e = -345; e <= 310; ++e) t.push_back(std::pow(10.0, e));
+    return t;
+  }();
+  return table[static_cast<size_t>(std::clamp(k, -345, 310) + 345)];
+}
+
+RawDigits rawDigits(double x, int precision) {
+  RawDigits d;
+  if (x == 0 || !std::isfinite(x)) return d;
+  char buf[64];
+  int n = 0;
+  // First the shortest digits that read back as x (to_chars without a
+  // precision is faster than with one). x lies within half an ulp of them:
+  // with no more digits than asked, they are the rounded digits; with more,
+  // rounding them gives the digits of x unless their tail lies within half an
+  // ulp of a half unit: then to_chars with the precision decides, exactly.
+  // Subnormal numbers have a wider ulp: they take the exact route.
+  auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);
+  readScientific(buf, res.ptr, d, n);
+  const bool normal = std::fabs(x) >= std::numeric_limits<double>::min();
+  bool exact = normal && n <= precision;
+  if (normal && !exact) {
+    // The tail in hundredths of a unit of the last digit kept (digits beyond
+    // its second raise it by less than one), and half an ulp in the same
+    // hundredths, rounded up.
+    const int tail = (d.digits[precision] - '0') * 10 + (n > precision + 1 ? d.digits[precision + 1] - '0' : 0);
+    const double halfUlp = std::ldexp(1.0, std::ilogb(x) - 53);
+    const int band = static_cast<int>(halfUlp / powerOfTen(d.exponent - precision + 1) * 100) + 1;
+    if (tail <= 49 - band || tail >= 51 + band) {
+      exact = true;
+      n = precision;
+      if (tail >= 51 + band) {
+        int k = n - 1;
+        while (k >= 0 && d.digits[k] == '9') d.digits[k--] = '0';
+        if (k < 0) {
+          d.digits[0] = '1';
+          ++d.exponent;
+        } else {
+          ++d.digits[k];
+        }
+      }
+    }
+  }
+  if (!exact) {
+    d = RawDigits();
+    res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, precision - 1);
+    readScientific(buf, res.ptr, d, n);
+  }
   while (n > 1 && d.digits[n - 1] == '0') --n;
   d.count = n;
   return d;

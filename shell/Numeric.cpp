@@ -39,6 +39,9 @@ double Round(double x, int n) {
   if (n < 0) raise(kInvalidProcedureCall);
   if (!std::isfinite(x)) raise(kOverflow);
   if (x == 0) return 0;
+  // No double has a digit beyond the 340th decimal: more changes nothing
+  // (and would overflow the count below).
+  if (n > 340) return x;
   // Work on the 15 significant digits the user sees, so that 2.345 rounds as
   // the decimal 2.345 and not as the binary value just below it.
   const DecimalDigits d = significantDigits(x, 15);

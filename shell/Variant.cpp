@@ -175,7 +175,9 @@ Variant power(const Variant& a, const Variant& b) {
   const double y = b.toDouble();
   if (x < 0 && y != std::floor(y)) raise(kInvalidProcedureCall);
   if (x == 0 && y < 0) raise(kInvalidProcedureCall);
-  return Variant(checkFinite(std::pow(x, y)));
+  // A square is the one product that x * x gives correctly rounded; the C
+  // library's pow rounds exact ties away from even, and is slower.
+  return Variant(checkFinite(y == 2 ? x * x : std::pow(x, y)));
 }
 
 namespace {

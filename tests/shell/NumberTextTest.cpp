@@ -1,8 +1,13 @@
 // Str, the default number text, Val and the locale-aware reading: what every
 // calculator display shows and reads back, digit by digit. Each test pins the
 // decimal symbol it runs with.
+#include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <random>
+#include <string>
+#include <vector>
 
 #include "shell/NumberText.h"
 #include "shell/RuntimeError.h"
@@ -223,4 +228,56 @@ TEST_F(NumberText, SignificantDigitsGiveDigitsAndExponent) {
   d = significantDigits(0, 15);
   EXPECT_EQ(d.digits, QStringLiteral("0"));
   EXPECT_FALSE(d.negative);
+}
+
+namespace {
+// The digits of x correctly rounded to `precision` significant digits, the
+// slow and plain way, without trailing zeros.
+DecimalDigits referenceDigits(double x, int precision) {
+  DecimalDigits d;
+  if (x == 0) return d;
+  char buf[64];
+  const auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, precision - 1);
+  const std::string text(buf, res.ptr);
+  d.negative = text[0] == '-';
+  const size_t e = text.find('e');
+  for (size_t i = d.negative ? 1 : 0; i < e; ++i) {
+    if (text[i] != '.') d.digits += QLatin1Char(text[i]);
+  }
+  while (d.digits.size() > 1 && d.digits.endsWith(QLatin1Char('0'))) d.digits.chop(1);
+  d.exponent = std::stoi(text.substr(e + 1));
+  return d;
+}
+}  // namespace
+
+TEST_F(NumberText, SignificantDigitsAreTheCorrectlyRoundedDigits) {
+  // The digits come from the shortest text first and fall back to exact
+  // rounding near halves; both routes must give the exactly rounded digits.
+  std::mt19937_64 gen(99);
+  std::vector<double> values = {5e-324, 2.2250738585072014e-308, 1.7976931348623157e308, 1234567890123455.0,
+                                1234567890123465.0, 0.1, 1.0 / 3, 2.0 / 3, 9.9999999999999995e22, 999999999999999.5,
+                                0.30000000000000004, 123456.78901234549, 1e15, 1e16, 1e-5};
+  for (int i = 0; i < 300000; ++i) {
+    double x = 0;
+    switch (i % 4) {
+      case 0: {
+        std::uint64_t bits = gen();
+        std::memcpy(&x, &bits, sizeof x);
+        break;
+      }
+      case 1: x = std::uniform_real_distribution<double>(0.1, 10)(gen); break;
+      case 2: x = static_cast<double>(gen() >> (11 + gen() % 40)); break;  // integers, many with 16 digits
+      default: x = std::round(std::uniform_real_distribution<double>(-1e6, 1e6)(gen) * 1e9) / 1e9; break;
+    }
+    if (std::isfinite(x)) values.push_back(x);
+  }
+  for (double x : values) {
+    for (int precision : {15, 7}) {
+      const DecimalDigits got = significantDigits(x, precision);
+      const DecimalDigits want = referenceDigits(x, precision);
+      ASSERT_EQ(got.digits, want.digits) << std::hexfloat << x << " at " << precision;
+      ASSERT_EQ(got.exponent, want.exponent) << std::hexfloat << x;
+      ASSERT_EQ(got.negative, want.negative) << std::hexfloat << x;
+    }
+  }
 }

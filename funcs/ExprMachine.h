@@ -1,0 +1,39 @@
+#pragma once
+// Runs compiled expressions. Two machines share one instruction set:
+//
+//   runFast   works on doubles. Usable when the program was compiled as fast
+//             (no texts, no 32-bit floats, no variant-only function) and
+//             every variable it reads holds a plain number. It applies the
+//             same failures as the variant rules (overflow, division by zero,
+//             a negative base with a fractional exponent...), and gives the
+//             same values: integer arithmetic of the runtime widens instead of
+//             wrapping, so its values are those of double arithmetic.
+//   runExact  works on variants with the runtime's rules, for everything else.
+#include "funcs/ExprProgram.h"
+#include "funcs/ExprSymbols.h"
+#include "shell/Variant.h"
+
+// The instruction loop of the fast path, and the check that every variable
+// the program reads holds a plain number (which records the symbols' epoch).
+double executeFast(const ExprProgram& program);
+bool checkVariables(const ExprProgram& program, const ExprSymbols& symbols);
+
+// Returns false, having done nothing, when a variable is not a plain number,
+// or when the program is already running further up the stack (the variant
+// machine then takes it, with frames of its own). Throws rt::RuntimeError on
+// a failure. Inline: this is the whole cost of a run beside the loop.
+inline bool runFast(const ExprProgram& program, const ExprSymbols& symbols, double& result) {
+  if (program.busy || !program.fastResult) [[unlikely]]
+    return false;
+  if (program.checkedEpoch != symbols.epoch() && !checkVariables(program, symbols)) return false;
+  struct Busy {
+    bool& flag;
+    explicit Busy(bool& f) : flag(f) { flag = true; }
+    ~Busy() { flag = false; }
+  } busy(program.busy);
+  result = executeFast(program);
+  return true;
+}
+
+// Throws rt::RuntimeError, or EvalError for an undefined variable.
+rt::Variant runExact(const ExprProgram& program, const ExprSymbols& symbols);
