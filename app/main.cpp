@@ -5,14 +5,38 @@
 #include "app/ScreenshotTour.h"
 #include "calc/CalculatorWindow.h"
 #include "shell/ControlCentreWindow.h"
+#include "shell/DesktopPlatform.h"
+#include "shell/ExtendedDisplayWindow.h"
+#include "shell/HelpWindow.h"
+#include "shell/MessageBoxWindow.h"
+#include "shell/PrintDialog.h"
+#include "shell/ProgramState.h"
 #include "shell/WindowRegistry.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Calvix"));
+  // The process starts with every setting at zero or empty; the control
+  // centre's load reads them from the settings file.
+  clearSettings(program());
+  LinuxPlatform linuxPlatform;
+  setPlatform(&linuxPlatform);
+  MBoxPresenter messageBox;
+  setMessagePresenter(&messageBox);
+  HelpWindowPresenter help;
+  setHelpPresenter(&help);
+  PrinterPresenter printer;
+  setPrintPresenter(&printer);
+  registerWindowFactory(WindowId::Help, [] { return new HelpWindow; });
+  registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
   registerWindowFactory(WindowId::ControlCentre, [] { return new ControlCentreWindow; });
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
-  return QApplication::exec();
+  const int code = QApplication::exec();
+  setPrintPresenter(nullptr);
+  setHelpPresenter(nullptr);
+  setMessagePresenter(nullptr);
+  setPlatform(nullptr);
+  return code;
 }

@@ -97,12 +97,8 @@ void ControlCentre::loadBeforeShow() {
   runStep(3, [&] {
     // The executable's folder is the installation while it can be written;
     // otherwise the user's data folder stands in for it.
-    QString path = host_.applicationPath();
-    if (!QFileInfo(path).isWritable()) {
-      const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-      if (!data.isEmpty() && QDir().mkpath(data)) path = data;
-    }
-    p.AppFolder = appFolderFor(path);
+    // (seeded with the installation's files on first use).
+    p.AppFolder = appFolderFor(programDataFolder(host_.applicationPath()));
   });
   runStep(4, [&] {
     // A damaged file shows its own message; the command row then offers "restore".
@@ -126,7 +122,7 @@ void ControlCentre::loadBeforeShow() {
     p.SystemFolder = rightTrimmed(QStringLiteral("/usr/lib"));
     p.TempFolder = rightTrimmed(QDir::tempPath());
   });
-  runStep(7, [&] { p.UserName = rt::Variant(platform().userName()); });
+  runStep(7, [&] { p.UserName = rt::Variant(SystemUserName(0)); });
   runStep(8, [&] {
     p.helpCursor = false;
     p.RegressionNames = {QStringLiteral("y = ax + b"), QStringLiteral("y = b (x^a)"), QStringLiteral("y = b (a^x)"),

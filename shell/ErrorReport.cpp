@@ -9,19 +9,23 @@
 
 namespace {
 
-// The string ids that make up the message of a code, one per line.
+// The string ids that make up the message of a code, one per line. A code
+// outside the table has no lines: the message is the word "Error" alone.
 std::vector<int> errorLines(int code) {
+  auto range = [](std::vector<int> lines, int from, int to) {
+    for (int id = from; id <= to; ++id) lines.push_back(id);
+    return lines;
+  };
   switch (code) {
     case 47: return {2047, 2080};
-    case 50: {
-      std::vector<int> lines{2050};
-      for (int id = 2081; id <= 2091; ++id) lines.push_back(id);
-      return lines;
-    }
+    case 50: return range({2050}, 2081, 2091);
+    // The X-side twin of 50: its own explanation, then the same closing lines.
+    case 51: return range(range({2050}, 2092, 2098), 2089, 2091);
     case 202: return {2202, 2204};
     case 204: return {2204, 2100};
     case 300: return {2300, 2350};
     case 301: return {2301, 2351};
+    case 700: return {2700};
     case 701: return {2701, 2702};
     case 702: return {2701};
     case 917: return {2917};
@@ -30,7 +34,11 @@ std::vector<int> errorLines(int code) {
     case 1000: return {3001, 3002, 3003};
     default: break;
   }
-  return {2000 + code};
+  const bool single = (code >= 1 && code <= 55) || (code >= 100 && code <= 109) || (code >= 200 && code <= 210) ||
+                      code == 500 || code == 501 || code == 503 || (code >= 600 && code <= 603) ||
+                      (code >= 900 && code <= 907) || code == 910 || code == 912 || code == 916;
+  if (single) return {2000 + code};
+  return {};
 }
 
 }  // namespace

@@ -1,12 +1,16 @@
 #include "shell/MessageService.h"
 
+#include "shell/DateTime.h"
 #include "shell/ProgramState.h"
+#include "shell/RuntimeError.h"
 #include "shell/Strings.h"
 
 namespace {
 MessagePresenter* g_presenter = nullptr;
 QStringList g_listEntries;
 QString g_listText;
+bool g_dateAsked = false;
+double g_date = 0;
 
 const std::vector<std::vector<int>>& buttonSets() {
   static const std::vector<std::vector<int>> sets = {
@@ -29,6 +33,11 @@ void setMessageList(const QStringList& entries, const QString& listText) {
   g_listText = listText;
 }
 
+void setMessageDate(double date) {
+  g_dateAsked = true;
+  g_date = date;
+}
+
 void setMessagePresenter(MessagePresenter* presenter) { g_presenter = presenter; }
 MessagePresenter* messagePresenter() { return g_presenter; }
 
@@ -47,6 +56,14 @@ void MBoxShow(int style, const QString& text, int kind, int buttonSet, int defau
     req.listText = g_listText;
   }
   if (kind == 5) req.defaultText = p.MessageDefault.toText();
+  req.datePicker = g_dateAsked;
+  req.date = g_date;
+  // The fields belong to this message only, even if another one opens while
+  // it is shown.
+  g_listEntries.clear();
+  g_listText.clear();
+  g_dateAsked = false;
+  g_date = 0;
   req.sound = p.MessageSound;
   p.MessageTitle = req.title;
   p.MessageText = req.text;
@@ -56,7 +73,9 @@ void MBoxShow(int style, const QString& text, int kind, int buttonSet, int defau
   if (reply.result < 0 || reply.result >= req.buttons.size()) reply.result = 0;
 
   p.MessageResult = static_cast<std::int16_t>(reply.result);
-  if (kind == 1) {
+  if (req.datePicker) {
+    p.MessageValue = rt::Variant::date(reply.value.isValid() ? reply.value.toDouble() : req.date);
+  } else if (kind == 1) {
     p.MessageValue = rt::Variant::integer(static_cast<std::int16_t>(reply.value.toInt()));
   } else if (kind == 5) {
     p.MessageValue = rt::Variant(reply.value.toString());
@@ -66,8 +85,6 @@ void MBoxShow(int style, const QString& text, int kind, int buttonSet, int defau
     p.MessageValue = rt::Variant();
   }
   p.MessageDefault = rt::Variant();
-  g_listEntries.clear();
-  g_listText.clear();
 }
 
 void ScriptedPresenter::queueButton(int button) { answers_.push_back({button, {}, false}); }
@@ -85,14 +102,20 @@ void ScriptedPresenter::queueAnswer(const QString& answer) {
 MessageReply ScriptedPresenter::present(const MessageRequest& request) {
   shown_.push_back(request);
   MessageReply reply;
-  const bool hasField = request.kind == 1 || request.kind == 5;
-  if (hasField && request.kind == 5) reply.value = request.defaultText;
+  if (request.datePicker) reply.value = request.date;
+  else if (request.kind == 5) reply.value = request.defaultText;
   if (answers_.empty()) return reply;
   const Answer a = answers_.front();
   answers_.pop_front();
   reply.result = a.button;
   if (a.hasValue) {
-    if (request.kind == 1) {
+    if (request.datePicker) {
+      try {
+        reply.value = rt::DateValue(a.value.toString());
+      } catch (const rt::RuntimeError&) {
+        reply.value = request.date;  // not a date: the picker keeps its date
+      }
+    } else if (request.kind == 1) {
       // A list is answered by position (1-based) or by the text of an entry.
       bool ok = false;
       const int pos = a.value.toString().toInt(&ok);

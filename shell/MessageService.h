@@ -23,11 +23,13 @@ struct MessageRequest {
   QString listText;         // kind 1: text above the list
   QString defaultText;      // kind 5: MessageDefault
   int sound = 0;            // MessageSound at the time of the call
+  bool datePicker = false;  // the date field shows instead of the others
+  double date = 0;          // its first date (a date serial)
 };
 
 struct MessageReply {
   int result = 0;   // index of the button pressed (0, 1 or 2); 0 when closed by the timer
-  QVariant value;   // input text, list position + 1, or date
+  QVariant value;   // input text, list position + 1, or date (a date serial as double)
 };
 
 class MessagePresenter {
@@ -41,6 +43,9 @@ std::vector<int> buttonSetStrings(int buttonSet);
 
 // Entries of the list of the next kind-1 message; cleared when it closes.
 void setMessageList(const QStringList& entries, const QString& listText);
+// The next message asks for a date, starting at this one (a date serial);
+// MessageValue then holds the date chosen. Cleared when it closes.
+void setMessageDate(double date);
 
 // Shows a message through the installed presenter, sets MessageResult and
 // MessageValue, empties MessageDefault. With no presenter the first button is
@@ -53,8 +58,9 @@ void setMessagePresenter(MessagePresenter* presenter);
 MessagePresenter* messagePresenter();
 
 // Records every message and answers from a queue of answers: a number is the
-// index of the button pressed; any other text is typed into the field (input
-// or list position) and the first button pressed. With no answer left the
+// index of the button pressed; any other text is typed into the field (input,
+// list position or entry text, or a date "dd/mm/yyyy") and the first button
+// pressed. With no answer left the
 // first button is pressed, as the box's timer would.
 class ScriptedPresenter : public MessagePresenter {
  public:

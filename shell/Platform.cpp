@@ -49,3 +49,8 @@ bool RecordingPlatform::removeFont(const QString& path) {
   calls << QStringLiteral("removeFont ") + path;
   return fontsExist;
 }
+bool RecordingPlatform::runCommand(const QString& program, const QStringList& arguments) {
+  calls << (QStringList{QStringLiteral("runCommand"), program} + arguments).join(QLatin1Char(' '));
+  return true;
+}
+void RecordingPlatform::endProgram() { calls << QStringLiteral("endProgram"); }

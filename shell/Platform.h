@@ -16,7 +16,8 @@ class Platform {
   virtual bool playSound(const QString& path, bool async) = 0;
   virtual bool openUrl(const QString& url) = 0;       // the shell's "Open" on an address
   virtual bool openFile(const QString& path) = 0;     // the shell's "Open" on a file
-  // Power actions: "shutdown", "reboot", "logout", "suspend", "screensaver".
+  // Power actions: "shutdown" (at once), "shutdown-delayed" (after 8 seconds),
+  // "reboot", "logout", "suspend", "screensaver".
   virtual bool powerAction(const QString& action) = 0;
   virtual QString userName() = 0;
   virtual QString computerName() = 0;
@@ -24,6 +25,14 @@ class Platform {
   virtual std::uint64_t uptimeMilliseconds() = 0;
   virtual bool registerFont(const QString& path) = 0;
   virtual bool removeFont(const QString& path) = 0;
+  // Starts a program of the system and does not wait for it.
+  virtual bool runCommand(const QString& program, const QStringList& arguments) {
+    (void)program;
+    (void)arguments;
+    return false;
+  }
+  // Ends the program at once, as after a shutdown order.
+  virtual void endProgram() {}
 };
 
 // The installed platform; the Linux one unless a test installed another.
@@ -44,6 +53,8 @@ class RecordingPlatform : public Platform {
   std::uint64_t uptimeMilliseconds() override { return uptime; }
   bool registerFont(const QString& path) override;
   bool removeFont(const QString& path) override;
+  bool runCommand(const QString& program, const QStringList& arguments) override;
+  void endProgram() override;
 
   QStringList calls;
   QString user = QStringLiteral("tester");

@@ -43,7 +43,7 @@ struct ProgramState {
   QStringList fontPaths;  // registered fonts, removed at the end
 
   // --- Settings (cvdata.txt), at their "restore" defaults -----------------
-  rt::Variant VatRate = 16.0;                                   // "TIPO IVA"
+  rt::Variant VatRate = rt::Variant::integer(16);               // "TIPO IVA"
   std::array<double, 4> Memories{0, 0, 0, 0};                   // "MEMORIA 1".."4"
   std::array<double, 4> Registers{0, 0, 0, 0};                  // "MEMORIA R1".."R4"
   std::array<rt::Variant, 4> RegisterLabels;                    // filled by resetProgram
@@ -56,7 +56,7 @@ struct ProgramState {
   rt::Variant Currency2 = QStringLiteral("pts");                // "MONEDA 2"
   rt::Variant ExchangeRate = 166.386;                           // "CAMBIO MONETARIO"
   std::int16_t EquationMethod = 1;                              // "MODO RESOLUCIÓN SISTEMAS DE ECUACIONES"
-  rt::Variant AutoCloseMessages = 0.0;                          // "DESACTIVADO MENSAJES AUTOM."
+  rt::Variant AutoCloseMessages = rt::Variant::integer(0);      // "DESACTIVADO MENSAJES AUTOM."
   rt::Variant CalculatorMode = QStringLiteral("avanzada");      // "MODO CALCULADORA"
   QString AlarmSoundFile = QStringLiteral("alarma1.wav");       // "TIPO DE ALARMA"
   std::int16_t DefaultAlarm = 4;                                // "ALARMA PREDETERMINADA"
@@ -65,7 +65,7 @@ struct ProgramState {
   bool ExtendedDisplay = false;                                 // "VisorXL"
   std::array<QString, 4> AlarmTimes{QStringLiteral("22:30:40"), {}, {}, {}};  // "Alarma 1".."4"
   std::int16_t SlowComputer = 0;                                // "TIPO DE ORDENADOR"
-  rt::Variant UserName;                                         // "USUARIO"
+  rt::Variant UserName = QString();                             // "USUARIO"
   std::int16_t OsFamily = 0;                                    // "VERSION WINDOWS"
   QString WebAddress;                                           // "DIRECCIÓN WEB", set by resetProgram
   std::int16_t Language = 0;                                    // "IDIOMA": 1 es, 2 en, 3 fr, 4 ca
@@ -94,3 +94,8 @@ void setSystemLocale(const QLocale& locale);
 QString defaultWebAddress();
 // Fills the defaults that depend on the string table or on colour tables.
 void applyDefaultSettings(ProgramState& state);
+// Puts every variable of the settings file (and the two unstored colour
+// entries 0) to the value the process starts with before the file is read:
+// zero, empty text or Empty. The desktop program calls it once at start, so
+// that a settings file cut short leaves what it did not reach at zero.
+void clearSettings(ProgramState& state);

@@ -130,9 +130,11 @@ SequentialReader::Field SequentialReader::nextField() {
   if (pos_ >= n) raise(kInputPastEndOfFile);
   Field f;
   QByteArray raw;
+  bool closed = true;  // a quoted text found its closing quote
   if (bytes_.at(pos_) == '"') {
     f.quoted = true;
     const qsizetype close = bytes_.indexOf('"', pos_ + 1);
+    closed = close >= 0;
     const qsizetype end = close < 0 ? n : close;
     raw = bytes_.mid(pos_ + 1, end - pos_ - 1);
     pos_ = close < 0 ? n : close + 1;
@@ -144,6 +146,9 @@ SequentialReader::Field SequentialReader::nextField() {
     raw = bytes_.mid(start, pos_ - start).trimmed();
   }
   // One delimiter: a comma, or a line end (CR LF, CR or LF).
+  // Whole: a quoted text that found its closing quote, or any field that
+  // found its delimiter. An unquoted field at the end may have been cut.
+  lastComplete_ = f.quoted ? closed : pos_ < n;
   if (pos_ < n) {
     if (bytes_.at(pos_) == ',') {
       ++pos_;

@@ -58,6 +58,10 @@ class SequentialReader {
   Variant readVariant();
   // "Line Input #": the rest of the current line, without its CR LF.
   QString readLine();
+  // True when the last field read was whole: a quoted text had its closing
+  // quote, any other field ended at a delimiter (a comma or a line end).
+  // False when the bytes ran out inside it, as in a file cut short.
+  bool lastFieldComplete() const { return lastComplete_; }
 
  private:
   struct Field {
@@ -68,6 +72,7 @@ class SequentialReader {
 
   QByteArray bytes_;
   qsizetype pos_ = 0;
+  bool lastComplete_ = false;
 };
 
 // Text to and from the files' code page (Windows-1252); a character the code

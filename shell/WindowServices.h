@@ -6,12 +6,22 @@ class QWidget;
 
 // Opens the scientific or the normal calculator, as CalculatorMode says
 // ("normalita" the normal one), restoring it when minimised; with
-// ExtendedDisplay on, places the large display beside it.
+// ExtendedDisplay on, places the large display (caption "1") beside it and
+// copies the calculator's display into it.
 void OpenCalculator();
 // Mode 0: the pair centred side by side, second to the right; mode 1: stacked,
 // second above. Then shows the second and raises the main window.
 void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode);
-// Starts moving the window with the mouse, as if dragged by its title.
+// Starts moving the window with the mouse, as if dragged by its title. Call it
+// from a mouse press; the window follows until the button is released.
 void DragWindow(QWidget* window);
-// Paints the window's menu bar in the colour (red in the low byte).
+// Paints the window's menu bar and its menus in the colour (red in the low byte).
 void ColorMenuBar(QWidget* window, long colour);
+// Copies the calculator's two displays into the large display window: widths
+// fitted to the calculator's width less the margin, colours and texts taken
+// from the calculator's children named "numero" and "result" (a "text"
+// property), and a frame in C00000 for the scientific calculator, C0C000 for
+// the normal one. Does nothing while the large display is not open.
+void ExtendedDisplayRefresh(QWidget* calculator, int widthMargin);
+// The margin OpenCalculator passes.
+inline constexpr int kExtendedDisplayMargin = 16;

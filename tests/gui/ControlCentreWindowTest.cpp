@@ -12,6 +12,7 @@
 #include "shell/PictureHolderView.h"
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"
+#include "shell/Settings.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
 #include "tests/support/GuiTestSupport.h"
@@ -38,6 +39,9 @@ class ControlCentreWindowTest : public QObject {
     setPlatform(&system_);
     clearWindowRegistry();
     registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
+    // Each test starts as a fresh installation: a settings file of defaults
+    // beside the program (the one a closed window wrote is replaced).
+    QVERIFY(writeSettingsFile(QCoreApplication::applicationDirPath() + QStringLiteral("/cvdata.txt"), program()) == 0);
   }
   void cleanup() {
     for (QWidget* w : openWindows()) w->close();
