@@ -4,8 +4,12 @@
 //
 // A fresh calculator, as the window has it on load, takes the keys of the
 // sequence (see calc/KeySequence.h for the tokens); then its state is printed:
-// numero, result, func, errorState, pendingOp, entryActive and the history.
-// Messages the keys show are answered by the --answer values, in order.
+// numero, result, func, errorState, pendingOp, entryActive, the modes
+// (angulo, temperat, ivas, HexDec, hypFlag) and the history.
+// The calculator's messages are input boxes (the bases of Command91 and
+// Command92): each --answer is typed into the next one, whose first button is
+// then pressed; "--answer button:N" presses button N instead (1 cancels).
+// In the plain output a line break inside result is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -15,6 +19,18 @@
 
 namespace {
 
+// Every answer goes into the input field, so that a base of 2 is the text "2"
+// and not the third button.
+void queueInputAnswers(const QStringList& answers) {
+  auto* presenter = dynamic_cast<ScriptedPresenter*>(messagePresenter());
+  if (!presenter) return;
+  presenter->clear();
+  for (const QString& a : answers) {
+    if (a.startsWith(QLatin1String("button:"))) presenter->queueButton(a.mid(7).toInt());
+    else presenter->queueText(a);
+  }
+}
+
 int runKeys(CliContext& ctx) {
   if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("keys takes a key sequence: keys \"12 + 3 =\""));
   const QString sequence = ctx.args.join(QLatin1Char(' '));
@@ -22,6 +38,7 @@ int runKeys(CliContext& ctx) {
   QString error;
   if (!parseKeySequence(sequence, steps, error)) return ctx.usage(QStringLiteral("keys: ") + error);
 
+  queueInputAnswers(ctx.answers);
   CalculatorEngine engine;
   engine.Form_Activate();
   runKeySteps(engine, steps);
@@ -33,20 +50,34 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("errorState"), engine.errorState);
     ctx.json.insert(QStringLiteral("pendingOp"), engine.pendingOp);
     ctx.json.insert(QStringLiteral("entryActive"), engine.entryActive);
+    ctx.json.insert(QStringLiteral("angulo"), engine.angulo);
+    ctx.json.insert(QStringLiteral("temperat"), engine.temperat);
+    ctx.json.insert(QStringLiteral("ivas"), engine.ivas);
+    ctx.json.insert(QStringLiteral("HexDec"), engine.HexDec);
+    ctx.json.insert(QStringLiteral("hypFlag"), engine.hypFlag);
     ctx.json.insert(QStringLiteral("history"), QJsonArray::fromStringList(engine.Combo1.lines()));
     return 0;
   }
+  // One line per field: a line break inside result is written as "\n".
+  QString resultLine = engine.result.text();
+  resultLine.replace(QLatin1Char('\n'), QLatin1String("\\n"));
   ctx.out << "numero\t" << engine.numero.text() << '\n'
-          << "result\t" << engine.result.text() << '\n'
+          << "result\t" << resultLine << '\n'
           << "func\t" << engine.func << '\n'
           << "errorState\t" << engine.errorState << '\n'
           << "pendingOp\t" << engine.pendingOp << '\n'
-          << "entryActive\t" << engine.entryActive << '\n';
+          << "entryActive\t" << engine.entryActive << '\n'
+          << "angulo\t" << engine.angulo << '\n'
+          << "temperat\t" << engine.temperat << '\n'
+          << "ivas\t" << engine.ivas << '\n'
+          << "HexDec\t" << engine.HexDec << '\n'
+          << "hypFlag\t" << engine.hypFlag << '\n';
   for (const QString& line : engine.Combo1.lines()) ctx.out << "history\t" << line << '\n';
   return 0;
 }
 
 }  // namespace
 
-CALVIX_CLI_COMMAND("keys", "the scientific calculator after a key sequence: keys [--answer T]... \"12 + 3 =\"",
+CALVIX_CLI_COMMAND("keys",
+                   "the scientific calculator after a key sequence: keys [--answer T|button:N]... \"12 + 3 =\"",
                    runKeys);
