@@ -6,9 +6,10 @@
 // sequence (see calc/KeySequence.h for the tokens); then its state is printed:
 // numero, result, func, errorState, pendingOp, entryActive, the modes
 // (angulo, temperat, ivas, HexDec, hypFlag) and the history.
-// The calculator's messages are input boxes (the bases of Command91 and
-// Command92): each --answer is typed into the next one, whose first button is
-// then pressed; "--answer button:N" presses button N instead (1 cancels).
+// Each --answer is taken by the next message the keys show: typed into an
+// input box (the bases of Command91 and Command92) and its first button
+// pressed, or the index of the button pressed in a plain message;
+// "--answer button:N" presses button N of either (button:1 cancels a box).
 // In the plain output a line break inside result is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
@@ -19,18 +20,6 @@
 
 namespace {
 
-// Every answer goes into the input field, so that a base of 2 is the text "2"
-// and not the third button.
-void queueInputAnswers(const QStringList& answers) {
-  auto* presenter = dynamic_cast<ScriptedPresenter*>(messagePresenter());
-  if (!presenter) return;
-  presenter->clear();
-  for (const QString& a : answers) {
-    if (a.startsWith(QLatin1String("button:"))) presenter->queueButton(a.mid(7).toInt());
-    else presenter->queueText(a);
-  }
-}
-
 int runKeys(CliContext& ctx) {
   if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("keys takes a key sequence: keys \"12 + 3 =\""));
   const QString sequence = ctx.args.join(QLatin1Char(' '));
@@ -38,7 +27,6 @@ int runKeys(CliContext& ctx) {
   QString error;
   if (!parseKeySequence(sequence, steps, error)) return ctx.usage(QStringLiteral("keys: ") + error);
 
-  queueInputAnswers(ctx.answers);
   CalculatorEngine engine;
   engine.Form_Activate();
   runKeySteps(engine, steps);
