@@ -75,11 +75,15 @@ void CalculatorEngine::Form_Load() {
   p.randomBase = 100;
   hexKeysVisible = false;
   image3Failure = false;
+  Frame2Visible = false;
+  numeroTag = 0;
+  writeCurrencyCaptions();
 }
 
 void CalculatorEngine::Form_Activate() {
   angulo = QStringLiteral("deg");
   program().angleFactor = rt::Atn(1) * 4 / 180;
+  writeCurrencyCaptions();
 }
 
 void CalculatorEngine::Form_Unload() { program().helpCursor = false; }
@@ -96,8 +100,7 @@ QString CalculatorEngine::currencyStatus() const {
 
 // ---- Shared pieces -------------------------------------------------------------
 
-template <typename Body>
-void CalculatorEngine::guarded(int controlNumber, Body&& body) {
+void CalculatorEngine::guarded(int controlNumber, const std::function<void()>& body) {
   if (helpInstead(helpTopic(controlNumber))) return;
   try {
     body();

@@ -15,6 +15,11 @@
 //    in the "unexpected failure" path, which shows error code 31.
 //  - `numero` reports its changes (numero_Change), which ends an error cycle
 //    and feeds the history.
+//  - The one-argument keys live beside this file: ScientificFunctions.cpp
+//    (powers, logarithms, trigonometry, integer parts, factorial, constants)
+//    and ModesAndConversions.cpp (angle and temperature modes, degree texts,
+//    VAT, currencies, number bases). They share the unary pattern of
+//    unaryKey(): name into func, history line, domain test, answer.
 //  - CalculatorKeypad.h holds the table of keys (caption, tooltip, place,
 //    handler) and CalculatorKeyMap.h the keyboard map; click(), keyPress() and
 //    keyDown() are the entry points the window and calvix-cli share.
@@ -25,6 +30,7 @@
 #include <QString>
 #include <QtCore/qnamespace.h>
 #include <cstdint>
+#include <functional>
 
 #include "calc/CalculatorHistory.h"
 #include "calc/TextField.h"
@@ -72,6 +78,12 @@ class CalculatorEngine {
   bool stopRequested = false;  // tag of Command93: Esc asks a long listing to stop
   bool contextMenuRequested = false;  // Shift+F10: the view opens its context menu
   QString focusRequest;        // control that should take the focus next
+  bool Frame2Visible = false;  // the constants panel (Command8)
+  // Text5 lights up while the next trigonometric key is hyperbolic.
+  bool Text5Visible() const { return hypFlag == QLatin1String("H"); }
+  // Captions and tooltips of the currency keys, written on activation.
+  QString Command33Caption, Command33Tooltip, Command34Caption, Command34Tooltip;
+  double numeroTag = 0;  // tag of numero: the value of the last angle conversion
 
   // ---- History (the list Combo1) ------------------------------------------
   CalculatorHistory Combo1;
@@ -101,6 +113,33 @@ class CalculatorEngine {
   void Command20_Click();           // scientific notation into result
   void Command22_Click();           // decimal / hexadecimal mode
   void Command69_Click();           // one history line
+
+  // ---- Scientific functions (ScientificFunctions.cpp) ----------------------
+  void Command10_Click(int index);  // log, 10^x, ln, e^x, 1/x, roots, squares, 2pi, pi
+  void Command21_Click(int index);  // sin, cos, tan, arcsin, arccos, arctan
+  void Command43_Click();           // hyp: the next trigonometric key is hyperbolic
+  void Command36_Click(int index);  // Int, Fix, fraction part
+  void Command52_Click();           // percent
+  void Command46_Click();           // factorial
+  void Command4_Click(int index);   // constants 0-39
+  void Command8_Click();            // shows or hides the constants panel
+
+  // ---- Modes and conversions (ModesAndConversions.cpp) ---------------------
+  void Command6_Click(int index);   // VAT amount, add VAT, remove VAT
+  void Command60_Click();           // new VAT rate
+  void Command33_Click();           // currency 1 to currency 2
+  void Command34_Click();           // currency 2 to currency 1
+  void Command5_Click(int index);   // to Celsius, Kelvin, Fahrenheit
+  void Command48_Click();           // cycles the temperature scale
+  void Command59_Click(int index);  // to deg, rad, gra
+  void Command50_Click();           // cycles the angle mode
+  void Command58_Click();           // degree, minute, second separators
+  void Command65_Click();           // degree text to number
+  void Command66_Click();           // number to degrees, minutes, seconds
+  void Command67_Click();           // reduction to the first turn
+  void Command9_Click(int index);   // to decimal, hexadecimal, octal, binary
+  void Command91_Click();           // decimal to base N
+  void Command92_Click();           // base N to decimal
   void addHistoryValue(const QString& text);
   void numero_Change();
 
@@ -127,6 +166,12 @@ class CalculatorEngine {
   // The currency panel written on activation: "1 euro = 166.386 pts".
   QString currencyStatus() const;
 
+  // The answer of a one-argument key, or the error code of its domain test.
+  struct Outcome {
+    double value = 0;
+    int code = 0;
+  };
+
   // Names of the two-operand operators, as pendingOp holds them.
   static QString operatorName(int index);
   static const QString kPower;
@@ -135,8 +180,9 @@ class CalculatorEngine {
   static int helpTopic(int controlNumber);
 
  private:
-  template <typename Body>
-  void guarded(int controlNumber, Body&& body);
+  // Runs a key's body unless the help cursor takes the click; any run-time
+  // failure inside ends in the unexpected-failure path.
+  void guarded(int controlNumber, const std::function<void()>& body);
   void enterDigit(const QString& digit);
   void clearErrorLine();
   double value() const;  // numero through the locale-aware reading
@@ -144,6 +190,24 @@ class CalculatorEngine {
   bool isPendingOperator() const;
   void chainOperator(const QString& name, bool chainAny);
   static bool smallWholeNumber(double v);
+
+  static Outcome failure(int code) { return {0, code}; }
+  // The unary key pattern: func takes the name, a history line, then the
+  // computation on the value of numero; its answer goes to result and numero
+  // (reformatted unless told otherwise), a failed test to reportFailure.
+  void unaryKey(const QString& name, const std::function<Outcome(double)>& compute, bool reformat = true);
+  void showAnswer(double answer, bool reformat);
+  bool holdsDegreeText() const;
+  // Degree text in numero to a number; false (failure reported) when refused.
+  bool parseDegreeText();
+  // The body of Command59: the value of numero in another angle unit, into
+  // numeroTag and result; false when a degree text was refused.
+  bool toAngleUnit(int index);
+  void setAngleMode(const QString& mode);
+  void writeCurrencyCaptions();
+  // The base asked in the input box; 0 when the box was cancelled, -1 when
+  // the answer is not a base (code 26 reported).
+  int askBase(int textId, int tooltipId);
 
   HistoryPadding padding_;
 };

@@ -38,6 +38,7 @@ KeyAction typedKeyAction(QChar c) {
     case ',': return clickOf("Command11");
     case 0xBA:  // º
     case 0xAA:  // ª
+    case 0xB0:  // ° (keyboards without the º key)
       return clickOf("Command58");
     default: break;
   }

@@ -22,7 +22,7 @@ struct KeyAction {
 };
 
 // A typed character: digits, Backspace, / * + -, C, A, < >, P, I, X, Y, . ,
-// E, Q, W, º ª, N, D H O B (letters in both cases); Enter and = are equals.
+// E, Q, W, º ª °, N, D H O B (letters in both cases); Enter and = are equals.
 KeyAction typedKeyAction(QChar c);
 // A held key: Esc, V (Shift, Ctrl), Shift+1..4, F1-F12 (Shift for the
 // inverse trigonometric keys), Shift+F10.

@@ -10,7 +10,13 @@
 class CalculatorEngine;
 
 enum class KeypadPanel {
-  Main,  // the number keypad beside the display
+  Main,         // the number keypad beside the display
+  Functions,    // powers, logarithms, trigonometry, integer parts, degrees
+  Vat,          // VAT and currencies
+  Temperature,  // temperature scales
+  Angles,       // angle units
+  Bases,        // number bases
+  Constants,    // the constants panel Frame2
 };
 
 struct KeypadKey {
@@ -24,6 +30,7 @@ struct KeypadKey {
   int rowSpan;
   int columnSpan;
   void (*press)(CalculatorEngine&, int index);
+  int captionId;        // string id of a translated caption, 0 when caption holds it
 };
 
 // Every key of the scientific calculator.
@@ -34,3 +41,9 @@ const KeypadKey* findKey(const QString& control, int index);
 bool hasControl(const QString& control);
 // The object name of a key's widget: "Command19", "Command13(3)".
 QString keyObjectName(const KeypadKey& key);
+// The caption a key shows in the current language (also the name the
+// function keys write into func); empty for an unknown key.
+QString keyCaption(const KeypadKey& key);
+QString keyCaption(const QString& control, int index = -1);
+// The tooltip string id of a key, 0 for an unknown key.
+int keyTooltipId(const QString& control, int index = -1);

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QFontDatabase>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -16,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include "calc/CalculatorKeypad.h"
+#include "calc/PhysicalConstants.h"
 #include "shell/PictureHolderView.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
@@ -68,9 +70,13 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   auto* left = new QVBoxLayout;
   left->setSpacing(8);
   left->addWidget(buildDisplay());
-  left->addWidget(buildKeypad(), 1);
-  columns->addLayout(left, 3);
-  columns->addWidget(buildPanels(), 2);
+  auto* pads = new QHBoxLayout;
+  pads->setSpacing(10);
+  pads->addWidget(buildFunctionKeys(), 5);
+  pads->addWidget(buildKeypad(), 6);
+  left->addLayout(pads, 1);
+  columns->addLayout(left, 11);
+  columns->addWidget(buildPanels(), 4);
   setCentralWidget(central);
 
   historyPanel_ = new QLabel(this);
@@ -85,7 +91,7 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
 
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
-  resize(700, 500);
+  resize(1060, 540);
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -126,6 +132,16 @@ QWidget* CalculatorWindow::buildDisplay() {
   modes->addWidget(angulo);
   modes->addWidget(temperat);
   modes->addWidget(ivas);
+  // Text5 lights up while the next trigonometric key is hyperbolic.
+  Text5 = new QLabel(QStringLiteral("hyp"), this);
+  Text5->setObjectName(QStringLiteral("Text5"));
+  Text5->setToolTip(Res(4774));
+  Text5->setAlignment(Qt::AlignCenter);
+  Text5->setFixedWidth(40);
+  Text5->setStyleSheet(QStringLiteral("QLabel { background: #c00000; color: white; font-weight: bold; "
+                                      "border-radius: 3px; }"));
+  Text5->setVisible(false);
+  modes->addWidget(Text5);
   modes->addWidget(Image3);
   v->addLayout(modes);
 
@@ -168,18 +184,20 @@ QWidget* CalculatorWindow::buildDisplay() {
   return box;
 }
 
-QWidget* CalculatorWindow::buildKeypad() {
-  auto* pad = new QWidget(this);
-  pad->setObjectName(QStringLiteral("keypad"));
+QWidget* CalculatorWindow::buildKeyGrid(KeypadPanel panel, QWidget* parent) {
+  auto* pad = new QWidget(parent);
   auto* grid = new QGridLayout(pad);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(4);
   for (const KeypadKey& k : calculatorKeys()) {
-    if (k.panel != KeypadPanel::Main) continue;
-    auto* b = new QPushButton(QString::fromUtf8(k.caption), pad);
+    if (k.panel != panel) continue;
+    auto* b = new QPushButton(keyCaption(k), pad);
     b->setObjectName(keyObjectName(k));
-    b->setMinimumSize(48, 34);
-    b->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    b->setMinimumSize(panel == KeypadPanel::Main ? 48 : 44, panel == KeypadPanel::Main ? 34 : 28);
+    // The conversion groups keep their height when a row of keys hides.
+    const bool conversion = panel != KeypadPanel::Main && panel != KeypadPanel::Functions &&
+                            panel != KeypadPanel::Constants;
+    b->setSizePolicy(QSizePolicy::Preferred, conversion ? QSizePolicy::Fixed : QSizePolicy::Preferred);
     if (k.tooltipId) b->setToolTip(Res(k.tooltipId));
     const QString control = QString::fromLatin1(k.control);
     const int index = k.index;
@@ -190,11 +208,48 @@ QWidget* CalculatorWindow::buildKeypad() {
     grid->addWidget(b, k.row, k.column, k.rowSpan, k.columnSpan);
     keys_.insert(b->objectName(), b);
     if (control == QLatin1String("Command30")) hexKeys_ << b;
+    if (control == QLatin1String("Command33") || control == QLatin1String("Command34")) currencyKeys_ << b;
   }
+  return pad;
+}
+
+QWidget* CalculatorWindow::buildKeypad() {
+  QWidget* pad = buildKeyGrid(KeypadPanel::Main, this);
+  pad->setObjectName(QStringLiteral("keypad"));
   // The separator key shows the system's own decimal symbol.
   if (QPushButton* sep = keyButton(QStringLiteral("Command11"))) sep->setText(program().DecimalSymbol.toText());
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setDefault(true);
   return pad;
+}
+
+QWidget* CalculatorWindow::buildFunctionKeys() {
+  QWidget* pad = buildKeyGrid(KeypadPanel::Functions, this);
+  pad->setObjectName(QStringLiteral("functionKeys"));
+  return pad;
+}
+
+QWidget* CalculatorWindow::buildConversions() {
+  auto* page = new QWidget(this);
+  page->setObjectName(QStringLiteral("conversions"));
+  auto* v = new QVBoxLayout(page);
+  v->setContentsMargins(6, 6, 6, 6);
+  v->setSpacing(6);
+  const struct {
+    KeypadPanel panel;
+    int titleId;
+  } groups[] = {{KeypadPanel::Vat, 4783},
+                {KeypadPanel::Temperature, 4780},
+                {KeypadPanel::Angles, 4781},
+                {KeypadPanel::Bases, 4782}};
+  for (const auto& g : groups) {
+    auto* box = new QGroupBox(Res(g.titleId), page);
+    auto* inner = new QVBoxLayout(box);
+    inner->setContentsMargins(6, 4, 6, 6);
+    inner->addWidget(buildKeyGrid(g.panel, box));
+    v->addWidget(box);
+  }
+  v->addStretch(1);
+  return page;
 }
 
 QWidget* CalculatorWindow::buildPanels() {
@@ -207,7 +262,14 @@ QWidget* CalculatorWindow::buildPanels() {
   Combo1->setFocusPolicy(Qt::NoFocus);
   Combo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   panels_->addTab(Combo1, Res(4719));
-  panels_->setMinimumWidth(230);
+  panels_->addTab(buildConversions(), Res(4775));
+  // Frame2: the constants, a page of its own that Command8 shows or hides.
+  Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
+  Frame2->setObjectName(QStringLiteral("Frame2"));
+  Frame2->layout()->setContentsMargins(6, 6, 6, 6);
+  panels_->addTab(Frame2, Res(4776));
+  panels_->setTabVisible(panels_->indexOf(Frame2), false);
+  panels_->setMinimumWidth(290);
   return panels_;
 }
 
@@ -218,7 +280,8 @@ QPushButton* CalculatorWindow::keyButton(const QString& control, int index) cons
 
 void CalculatorWindow::refresh() {
   numero->setText(engine_.numero);
-  if (result->toPlainText() != engine_.result.text()) result->setPlainText(engine_.result);
+  const QString resultText = visibleUnitText(engine_.result);
+  if (result->toPlainText() != resultText) result->setPlainText(resultText);
   func->setText(engine_.func);
   dcm->setText(engine_.dcm);
   redond->setText(engine_.redond);
@@ -228,6 +291,21 @@ void CalculatorWindow::refresh() {
   HexDec->setText(engine_.HexDec);
   Image3->setPixmap(pictures::calculatorState(engine_.image3Failure, kStateSize));
   for (QPushButton* b : std::as_const(hexKeys_)) b->setVisible(engine_.hexKeysVisible);
+  for (QPushButton* b : std::as_const(currencyKeys_)) b->setVisible(!engine_.hexKeysVisible);
+  if (QPushButton* q = keyButton(QStringLiteral("Command33"))) {
+    q->setText(engine_.Command33Caption);
+    q->setToolTip(engine_.Command33Tooltip);
+  }
+  if (QPushButton* w = keyButton(QStringLiteral("Command34"))) {
+    w->setText(engine_.Command34Caption);
+    w->setToolTip(engine_.Command34Tooltip);
+  }
+  Text5->setVisible(engine_.Text5Visible());
+  if (engine_.Frame2Visible != frame2Shown_) {
+    frame2Shown_ = engine_.Frame2Visible;
+    panels_->setTabVisible(panels_->indexOf(Frame2), frame2Shown_);
+    if (frame2Shown_) panels_->setCurrentWidget(Frame2);
+  }
   refreshHistory();
   historyPanel_->setText(engine_.historyStatus());
   currencyPanel_->setText(engine_.currencyStatus());

@@ -1,13 +1,17 @@
 #pragma once
 // The scientific calculator's window (comand1): the display fields, the state
-// picture Image3, the keypad built from the key table, and a panel area whose
-// first page is the history. Every key and every keyboard stroke goes to the
-// CalculatorEngine; the view then repaints from the engine's fields and moves
-// the focus where the engine asks (Command19, so that Enter is equals).
+// picture Image3 and the hyperbolic light Text5, the number keypad and the
+// function keys built from the key table, and a panel area with the history,
+// the conversions (VAT and currencies, temperature, angles, bases) and the
+// constants panel Frame2, shown on demand. Every key and every keyboard
+// stroke goes to the CalculatorEngine; the view then repaints from the
+// engine's fields and moves the focus where the engine asks (Command19, so
+// that Enter is equals).
 #include <QHash>
 #include <QMainWindow>
 
 #include "calc/CalculatorEngine.h"
+#include "calc/CalculatorKeypad.h"
 
 class QKeyEvent;
 class QLabel;
@@ -40,6 +44,9 @@ class CalculatorWindow : public QMainWindow {
   QLineEdit* addField(const QString& name, int tooltipId, int width);
   QWidget* buildDisplay();
   QWidget* buildKeypad();
+  QWidget* buildKeyGrid(KeypadPanel panel, QWidget* parent);
+  QWidget* buildFunctionKeys();
+  QWidget* buildConversions();
   QWidget* buildPanels();
   void afterEvent();
   bool takeKey(QKeyEvent* event);
@@ -57,12 +64,16 @@ class CalculatorWindow : public QMainWindow {
   QLineEdit* ivas = nullptr;
   QLineEdit* HexDec = nullptr;
   QLabel* Image3 = nullptr;
+  QLabel* Text5 = nullptr;
+  QWidget* Frame2 = nullptr;
   QListWidget* Combo1 = nullptr;
   QTabWidget* panels_ = nullptr;
   QLabel* historyPanel_ = nullptr;
   QLabel* currencyPanel_ = nullptr;
   QHash<QString, QPushButton*> keys_;  // by object name
   QList<QPushButton*> hexKeys_;
+  QList<QPushButton*> currencyKeys_;  // Command33, Command34: hidden in hexadecimal mode
+  bool frame2Shown_ = false;
   int shownHistory_ = 0;
   bool unloaded_ = false;
   bool placed_ = false;

@@ -92,11 +92,11 @@ void ScriptedPresenter::queueButton(int button) { answers_.push_back({button, {}
 void ScriptedPresenter::queueText(const QString& text) { answers_.push_back({0, text, true}); }
 
 void ScriptedPresenter::queueAnswer(const QString& answer) {
-  if (answer == QLatin1String("0") || answer == QLatin1String("1") || answer == QLatin1String("2")) {
-    queueButton(answer.toInt());
-  } else {
-    queueText(answer);
+  if (answer.startsWith(QLatin1String("button:"))) {
+    queueButton(answer.mid(7).toInt());
+    return;
   }
+  answers_.push_back({0, answer, true, true});
 }
 
 MessageReply ScriptedPresenter::present(const MessageRequest& request) {
@@ -105,8 +105,15 @@ MessageReply ScriptedPresenter::present(const MessageRequest& request) {
   if (request.datePicker) reply.value = request.date;
   else if (request.kind == 5) reply.value = request.defaultText;
   if (answers_.empty()) return reply;
-  const Answer a = answers_.front();
+  Answer a = answers_.front();
   answers_.pop_front();
+  if (a.byKind && !(request.datePicker || request.kind == 1 || request.kind == 5)) {
+    // No field to type into: the answer names the button.
+    bool ok = false;
+    const int button = a.value.toString().toInt(&ok);
+    a.button = ok && button >= 0 && button <= 2 ? button : 0;
+    a.hasValue = false;
+  }
   reply.result = a.button;
   if (a.hasValue) {
     if (request.datePicker) {

@@ -68,11 +68,15 @@ class ScriptedPresenter : public MessagePresenter {
     int button = 0;
     QVariant value;
     bool hasValue = false;
+    bool byKind = false;  // decided by the message that takes it (queueAnswer)
   };
   void queueButton(int button);
   void queueText(const QString& text);
-  // An answer as calvix-cli's --answer gives it: "0", "1", "2" press a button,
-  // anything else is typed into the field and the first button pressed.
+  // An answer as calvix-cli's --answer gives it, taken by the next message:
+  // a message with a field (input line, list, date) gets the text typed and
+  // its first button pressed; any other gets the button of that index (0, 1
+  // or 2; anything else presses the first). "button:N" presses button N of
+  // either kind, so an input box can be cancelled.
   void queueAnswer(const QString& answer);
 
   MessageReply present(const MessageRequest& request) override;

@@ -298,9 +298,14 @@ TEST_F(CalculatorEngineTest, HeldKeysReachTheirTargets) {
   EXPECT_TRUE(e.keyDown(Qt::Key_F10, Qt::ShiftModifier));
   EXPECT_TRUE(e.contextMenuRequested);
   // Keys of tool families this window does not have yet do nothing.
-  EXPECT_FALSE(e.keyDown(Qt::Key_F1));
-  EXPECT_FALSE(e.keyPress(QLatin1Char('P')));
+  EXPECT_FALSE(e.keyDown(Qt::Key_1, Qt::ShiftModifier));
+  EXPECT_FALSE(e.keyPress(QLatin1Char('X')));
   EXPECT_EQ(e.numero.text(), QStringLiteral("0"));
+  // The function keys do.
+  EXPECT_TRUE(e.keyDown(Qt::Key_F2));
+  EXPECT_EQ(e.numero.text(), QStringLiteral("1"));
+  EXPECT_TRUE(e.keyPress(QLatin1Char('P')));
+  EXPECT_EQ(e.numero.text(), QStringLiteral("3.14159265358979"));
 }
 
 TEST_F(CalculatorEngineTest, TypedLettersWorkInBothCases) {

@@ -2,6 +2,7 @@
 #include "calc/CalculatorKeyMap.h"
 #include "calc/CalculatorKeypad.h"
 #include "calc/KeySequence.h"
+#include "shell/Strings.h"
 #include "tests/support/TestSupport.h"
 
 namespace {
@@ -100,6 +101,31 @@ TEST(CalculatorKeypad, EveryKeyHasAUniqueNameAndCellAndRunsAHandler) {
   }
   for (int d = 0; d <= 9; ++d) EXPECT_NE(findKey(QStringLiteral("Command1"), d), nullptr) << d;
   for (int i = 0; i <= 3; ++i) EXPECT_NE(findKey(QStringLiteral("Command13"), i), nullptr) << i;
+}
+
+TEST(CalculatorKeypad, CaptionsAndTooltipsExistInEveryLanguage) {
+  for (const KeypadKey& k : calculatorKeys()) {
+    for (const int id : {k.tooltipId, k.captionId}) {
+      if (id == 0) continue;
+      EXPECT_TRUE(strings::hasAllLanguages(id)) << keyObjectName(k).toStdString() << " string " << id;
+    }
+  }
+}
+
+// Every key the keyboard reaches has its control, except the statistics
+// (Command76) and register (Command28) keys of tool families still to come.
+TEST(CalculatorKeyMap, EveryMappedKeyHasItsControl) {
+  const auto check = [](const KeyAction& a, const std::string& what) {
+    if (a.kind != KeyAction::Kind::Click) return;
+    if (a.control == QLatin1String("Command76") || a.control == QLatin1String("Command28")) return;
+    EXPECT_NE(findKey(a.control, a.index), nullptr) << what << " -> " << a.control.toStdString() << "(" << a.index << ")";
+  };
+  for (char16_t c = 1; c < 0x100; ++c) check(typedKeyAction(QChar(c)), "typed " + std::to_string(c));
+  for (const Qt::KeyboardModifiers mods : {Qt::KeyboardModifiers(Qt::NoModifier), Qt::KeyboardModifiers(Qt::ShiftModifier),
+                                           Qt::KeyboardModifiers(Qt::ControlModifier)}) {
+    for (int key = Qt::Key_0; key <= Qt::Key_Z; ++key) check(heldKeyAction(key, mods), "held " + std::to_string(key));
+    for (int key = Qt::Key_F1; key <= Qt::Key_F12; ++key) check(heldKeyAction(key, mods), "held F" + std::to_string(key));
+  }
 }
 
 TEST(KeySequence, ParsesEachKindOfToken) {

@@ -86,6 +86,70 @@ TEST_F(KeysCommand, LanguageOptionChangesTheErrorText) {
   EXPECT_TRUE(fields(r.out).value(QStringLiteral("result")).startsWith(QLatin1String("Error:  ")));
 }
 
+// The scientific keys' edge cases, pressed by name or by their keys, with
+// the answers of the input boxes, on both decimal symbols.
+TEST_F(KeysCommand, FunctionKeysHoldTheirEdgeCases) {
+  const struct {
+    const char* keys;
+    const char* answer;  // --answer, when the sequence opens an input box
+    const char* field;
+    const char* point;   // "<E18>" is the text of code 18
+    const char* comma;
+  } rows[] = {
+      {"0 F1", nullptr, "result", "<E18>", "<E18>"},
+      {"0 Command10(4)", nullptr, "result", "<E19>", "<E19>"},
+      {"90 Command21(2)", nullptr, "result", "Error:  ", "Error:  "},
+      {"180 F9", nullptr, "numero", "0", "0"},
+      {"Command50 1 < Shift+F11", nullptr, "numero", "200", "200"},
+      {"170 N", nullptr, "numero", "7.25741561530799E+306", "7,25741561530799E+306"},
+      {"171 Command46", nullptr, "result", "<E8>", "<E8>"},
+      {"5 Command91", "8", "result", "05  (Base 8)", "05  (Base 8)"},
+      {"5 Command91", "10", "result", "<E26>", "<E26>"},
+      {"13 Command91", "2", "result", "1101  (Base 2)", "1101  (Base 2)"},
+      {"Command48 12.5 Command5(1)", nullptr, "result", "12.5 Kelvin", "12,5 Kelvin"},
+      {"359 Command67", nullptr, "result", "<E39>", "<E39>"},
+      {"725 Command67", nullptr, "result", "5\u00B0 (deg)", "5\u00B0 (deg)"},
+      {"12\u00BA30\u00BA Command65", nullptr, "numero", "12.5", "12,5"},
+      {"3E9 B", nullptr, "result", "<E31>", "<E31>"},
+      {"100 Shift+V Ctrl+V", nullptr, "numero", "100", "100"},
+      {"Command4(16)", nullptr, "result", "Constante de estructura fina\\n", "Constante de estructura fina\\n"},
+  };
+  for (const auto& row : rows) {
+    for (const bool comma : {false, true}) {
+      QStringList options{QStringLiteral("--decimal"), comma ? QStringLiteral(",") : QStringLiteral(".")};
+      if (row.answer) options << QStringLiteral("--answer") << QString::fromUtf8(row.answer);
+      const CliRun r = keys(QString::fromUtf8(row.keys), options);
+      ASSERT_EQ(r.exitCode, 0) << row.keys << ": " << r.err.toStdString();
+      QString want = QString::fromUtf8(comma ? row.comma : row.point);
+      if (want.startsWith(QLatin1String("<E"))) want = ErrorText(want.mid(2).chopped(1).toInt());
+      EXPECT_EQ(fields(r.out).value(QLatin1String(row.field)), want) << row.keys << (comma ? " with a comma" : "");
+    }
+  }
+}
+
+TEST_F(KeysCommand, AnswersAreTypedUnlessTheyNameAButton) {
+  // "2" is a base typed into the box, not the third button.
+  CliRun r = keys(QStringLiteral("101 Command92"), {QStringLiteral("--answer"), QStringLiteral("2"),
+                                                    QStringLiteral("--json")});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  QJsonObject o = QJsonDocument::fromJson(r.out.toUtf8()).object();
+  EXPECT_TRUE(o.value(QStringLiteral("result")).toString().endsWith(QLatin1String("=  5")));
+  ASSERT_EQ(o.value(QStringLiteral("messages")).toArray().size(), 1);
+  // Cancelling leaves the calculator as it was.
+  r = keys(QStringLiteral("101 Command92"), {QStringLiteral("--answer"), QStringLiteral("button:1")});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  EXPECT_EQ(fields(r.out).value(QStringLiteral("result")), QStringLiteral("0"));
+  EXPECT_EQ(fields(r.out).value(QStringLiteral("numero")), QStringLiteral("101"));
+  // The modes are part of the printed state.
+  r = keys(QStringLiteral("Command50 Command48 Command43 Command22 5 Command60"));
+  const auto f = fields(r.out);
+  EXPECT_EQ(f.value(QStringLiteral("angulo")), QStringLiteral("gra"));
+  EXPECT_EQ(f.value(QStringLiteral("temperat")), QStringLiteral("Kelvin"));
+  EXPECT_EQ(f.value(QStringLiteral("hypFlag")), QStringLiteral("H"));
+  EXPECT_EQ(f.value(QStringLiteral("HexDec")), QStringLiteral("HEX"));
+  EXPECT_EQ(f.value(QStringLiteral("ivas")), QStringLiteral("5 %"));
+}
+
 TEST_F(KeysCommand, BadSequencesAreUsageErrors) {
   for (const QStringList& args : QList<QStringList>{{QStringLiteral("keys")},
                                                      {QStringLiteral("keys"), QStringLiteral("1 + Command99 =")},

@@ -6,8 +6,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTest>
 
+#include "calc/CalculatorKeypad.h"
 #include "calc/CalculatorWindow.h"
 #include "shell/ErrorReport.h"
 #include "shell/PictureHolderView.h"
@@ -130,6 +132,82 @@ class CalculatorWindowTest : public QObject {
     QTest::keyClick(&w, Qt::Key_Period);
     QTest::keyClick(&w, Qt::Key_5);
     QCOMPARE(shown(w), QStringLiteral("1,5"));
+  }
+
+  void everyKeyOfTheTableHasItsButton() {
+    CalculatorWindow w;
+    for (const KeypadKey& k : calculatorKeys()) {
+      QPushButton* b = w.keyButton(QString::fromLatin1(k.control), k.index);
+      QVERIFY2(b, qPrintable(keyObjectName(k)));
+      QCOMPARE(b->objectName(), keyObjectName(k));
+    }
+    QVERIFY(w.findChild<QLabel*>(QStringLiteral("Text5")));
+    QVERIFY(w.findChild<QWidget*>(QStringLiteral("Frame2")));
+  }
+
+  void functionKeysAndHypLightReachTheEngine() {
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    auto* light = w.findChild<QLabel*>(QStringLiteral("Text5"));
+    QVERIFY(!light->isVisible());
+    click(w, "Command43");
+    QVERIFY(light->isVisible());
+    click(w, "Command1", 0);
+    click(w, "Command21", 1);  // cosh 0
+    QCOMPARE(shown(w), QStringLiteral("1"));
+    QVERIFY(!light->isVisible());
+    QTest::keyClicks(&w, QStringLiteral("90"));
+    QTest::keyClick(&w, Qt::Key_F9);
+    QCOMPARE(shown(w), QStringLiteral("1"));
+    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), QStringLiteral("sin"));
+  }
+
+  void constantsPanelOpensOnDemandAndShowsTheUnit() {
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    auto* frame = w.findChild<QWidget*>(QStringLiteral("Frame2"));
+    auto* tabs = w.findChild<QTabWidget*>(QStringLiteral("panels"));
+    QVERIFY(!tabs->isTabVisible(tabs->indexOf(frame)));
+    click(w, "Command8");
+    QVERIFY(tabs->isTabVisible(tabs->indexOf(frame)));
+    QCOMPARE(tabs->currentWidget(), frame);
+    click(w, "Command4", 3);
+    QCOMPARE(shown(w), QStringLiteral("6.0221367E+23"));
+    // The soft hyphen of the stored unit is drawn as a superscript minus.
+    QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(),
+             Res(4117) + QStringLiteral("\n(mol\u207B\u00B9)"));
+    click(w, "Command8");
+    QVERIFY(!tabs->isTabVisible(tabs->indexOf(frame)));
+  }
+
+  void currencyKeysCarryTheSettingsAndHideInHexMode() {
+    program().Currency1 = QStringLiteral("usd");
+    program().Currency2 = QStringLiteral("yen");
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    w.findChild<QTabWidget*>(QStringLiteral("panels"))->setCurrentIndex(1);
+    QPushButton* q = w.keyButton(QStringLiteral("Command33"));
+    QCOMPARE(q->text(), QStringLiteral("usd\u2192yen"));
+    QVERIFY(q->toolTip().endsWith(QLatin1String("{Q}")));
+    QVERIFY(q->isVisible());
+    click(w, "Command22");
+    QVERIFY(!q->isVisible());
+    QVERIFY(!w.keyButton(QStringLiteral("Command34"))->isVisible());
+  }
+
+  void baseKeyAsksThroughTheMessageBox() {
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    guiMessages().queueText(QStringLiteral("8"));
+    click(w, "Command1", 5);
+    click(w, "Command91");
+    QCOMPARE(guiMessages().shown().size(), size_t{1});
+    QCOMPARE(guiMessages().shown().front().kind, 5);
+    QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(), QStringLiteral("05  (Base 8)"));
   }
 };
 

@@ -206,7 +206,7 @@ TEST_F(ControlCentreTest, OperatingSystemQuestionKeepsOrTakesTheAnswer) {
     std::int16_t after;
     bool asked;
   } rows[] = {
-      {0, "Windows 2000/XP/Vista", 2, true}, {0, "Windows 9x/ME/NT", 1, true}, {7, "1", 7, true},
+      {0, "Windows 2000/XP/Vista", 2, true}, {0, "Windows 9x/ME/NT", 1, true}, {7, "button:1", 7, true},
       {0, nullptr, 0, true},                {1, "Windows 2000/XP/Vista", 1, false}, {2, nullptr, 2, false},
   };
   for (const auto& r : rows) {

@@ -61,3 +61,25 @@ TEST_F(MessageBoxModelTest, DatePickerAnswersWithADate) {
   MBoxShow(0, QStringLiteral("Plain"), 4, 0);
   EXPECT_FALSE(messages.shown().back().datePicker);
 }
+
+// The command line's --answer is read by the message that takes it: typed
+// into a field, or the index of a button in a plain message.
+TEST_F(MessageBoxModelTest, AnAnswerIsTypedOrPressedByTheKindOfMessage) {
+  ScriptedPresenter& presenter = messages;
+  presenter.queueAnswer(QStringLiteral("2"));         // an input box: the text "2"
+  presenter.queueAnswer(QStringLiteral("2"));         // three buttons: the third
+  presenter.queueAnswer(QStringLiteral("button:1"));  // an input box cancelled
+  presenter.queueAnswer(QStringLiteral("yes"));       // a plain box: not a button number, the first
+  MBoxShow(0, QStringLiteral("base?"), 5, 3);
+  EXPECT_EQ(program().MessageResult, 0);
+  EXPECT_EQ(program().MessageValue.toText(), QStringLiteral("2"));
+  MBoxShow(0, QStringLiteral("save?"), 2, 7);
+  EXPECT_EQ(program().MessageResult, 2);
+  MBoxShow(0, QStringLiteral("base?"), 5, 3);
+  EXPECT_EQ(program().MessageResult, 1);
+  MBoxShow(0, QStringLiteral("note"), 2, 2);
+  EXPECT_EQ(program().MessageResult, 0);
+  MBoxShow(0, QStringLiteral("no answer left"), 2, 6);
+  EXPECT_EQ(program().MessageResult, 0);  // as the box's timer would
+  EXPECT_EQ(presenter.shown().size(), 5u);
+}
