@@ -24,7 +24,7 @@
 //  - Edit mode (Ctrl+F12) lets the user type numbers into the cells, so
 //    typed data can be plotted without a formula.
 //  - What the table needs of the rest of the program goes through hooks:
-//    the file dialogs, the plot window (which does not exist yet), the
+//    the file dialogs, the plot window, the
 //    derivative columns of the analyses.
 //
 // The view (FunctionTableWindow) builds the widgets, forwards each event to

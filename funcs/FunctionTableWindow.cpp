@@ -239,17 +239,13 @@ QWidget* FunctionTableWindow::buildButtons() {
   QFont bold = Label3->font();
   bold.setBold(true);
   Label3->setFont(bold);
-  // Shown and hidden without moving the controls around them.
-  QSizePolicy keepRoom = Label3->sizePolicy();
-  keepRoom.setRetainSizeWhenHidden(true);
-  Label3->setSizePolicy(keepRoom);
+
   const QStyle::StandardPixmap icons[2] = {QStyle::SP_FileDialogDetailedView, QStyle::SP_MessageBoxWarning};
   for (int i = 0; i < 2; ++i) {
     Image4[i] = new QLabel(this);
     Image4[i]->setObjectName(QStringLiteral("Image4_%1").arg(i));
     Image4[i]->setToolTip(Res(1448 + i));
     Image4[i]->setPixmap(style()->standardIcon(icons[i]).pixmap(18, 18));
-    Image4[i]->setSizePolicy(keepRoom);
   }
   cmdResult->setDefault(true);
   g->addWidget(cmdResult, 0, 0, 1, 2);
