@@ -17,6 +17,11 @@ void settle(int ms) {
   loop.exec();
 }
 
+void shoot(QWidget* w, const QString& path) {
+  const QPixmap shot = w->screen() ? w->screen()->grabWindow(w->winId()) : w->grab();
+  (shot.isNull() ? w->grab() : shot).save(path);
+}
+
 void runTour(const QString& folder) {
   QDir().mkpath(folder);
   for (WindowId id : allWindowIds()) {
@@ -24,9 +29,14 @@ void runTour(const QString& folder) {
     QWidget* w = OpenWindow(id);
     if (!w) continue;
     settle(400);
-    const QString path = QDir(folder).filePath(windowName(id) + QStringLiteral(".png"));
-    const QPixmap shot = w->screen() ? w->screen()->grabWindow(w->winId()) : w->grab();
-    (shot.isNull() ? w->grab() : shot).save(path);
+    shoot(w, QDir(folder).filePath(windowName(id) + QStringLiteral(".png")));
+    // A window may offer more states to look at: one picture each.
+    const QStringList states = w->property("screenshotStates").toStringList();
+    for (const QString& state : states) {
+      QMetaObject::invokeMethod(w, "showScreenshotState", Q_ARG(QString, state));
+      settle(300);
+      shoot(w, QDir(folder).filePath(windowName(id) + u'-' + state + QStringLiteral(".png")));
+    }
   }
   // The whole screen too, to see how the windows sit on 1280x800.
   if (QScreen* screen = QGuiApplication::primaryScreen()) {

@@ -4,6 +4,7 @@
 
 #include "app/ScreenshotTour.h"
 #include "calc/CalculatorWindow.h"
+#include "funcs/FunctionTableWindow.h"
 #include "shell/ControlCentreWindow.h"
 #include "shell/DesktopPlatform.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -31,6 +32,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
   registerWindowFactory(WindowId::ControlCentre, [] { return new ControlCentreWindow; });
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
+  registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

@@ -81,6 +81,13 @@ struct ProgramState {
   // --- Calculation state shared between modules -------------------------
   double angleFactor = 0.017453292519943295;  // radians per unit of the angle mode
   float randomBase = 100;
+
+  // --- Function table, read by the plot and its analyses -------------------
+  // pointCount is 32-bit: a table by increment has no row limit.
+  std::int32_t pointCount = 0;     // data rows of the function table; 0: no curve
+  std::int16_t sourceColumn = 1;   // column of F for derivatives and the plot (5 while smoothed)
+  std::int16_t hasG = 0;           // -1 when column 6 holds G(x)
+  QString titleF, titleG, titleX, titleY;  // default texts of the plot
 };
 
 ProgramState& program();
