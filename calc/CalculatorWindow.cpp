@@ -78,7 +78,8 @@ class FillBar : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter p(this);
     p.fillRect(rect(), Qt::white);
-    const int w = static_cast<int>(fill_ * (width() - 2) + 0.5);
+    // Rounded down: the bar is whole only when the list is full.
+    const int w = static_cast<int>(fill_ * (width() - 2));
     if (w > 0) p.fillRect(1, 1, w, height() - 2, Qt::red);
     p.setPen(Qt::gray);
     p.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -89,6 +90,12 @@ class FillBar : public QWidget {
 };
 
 constexpr int kChameleonTopic = 20230;
+
+// The large display, when it is open on the screen.
+QWidget* shownDisplay() {
+  QWidget* display = findWindow(WindowId::ExtendedDisplay);
+  return display && display->isVisible() ? display : nullptr;
+}
 
 }  // namespace
 
@@ -463,7 +470,7 @@ void CalculatorWindow::refresh() {
   static_cast<FillBar*>(Picture1)->setFill(engine_.Combo1.fill());
   currencyPanel_->setText(engine_.currencyStatus());
   // The large display repeats numero and result, when it is open.
-  ExtendedDisplayRefresh(this, kExtendedDisplayMargin);
+  if (shownDisplay()) ExtendedDisplayRefresh(this, kExtendedDisplayMargin);
 }
 
 void CalculatorWindow::refreshMemories() {
@@ -496,7 +503,7 @@ void CalculatorWindow::refreshPanels() {
 
 void CalculatorWindow::chameleonButton1_Click(Qt::MouseButton button) {
   if (helpInstead(kChameleonTopic)) return;
-  QWidget* open = findWindow(WindowId::ExtendedDisplay);
+  QWidget* open = shownDisplay();
   if (button == Qt::RightButton) {
     if (auto* display = qobject_cast<ExtendedDisplayWindow*>(open)) display->switchFont();
     return;
@@ -564,6 +571,8 @@ void CalculatorWindow::closeEvent(QCloseEvent* event) {
   if (!unloaded_) {
     unloaded_ = true;
     engine_.Form_Unload();
+    // The large display is this window's companion.
+    if (QWidget* display = shownDisplay()) display->close();
   }
   event->accept();
 }
