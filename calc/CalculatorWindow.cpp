@@ -19,6 +19,7 @@
 #include <QVBoxLayout>
 
 #include "calc/CalculatorKeypad.h"
+#include "calc/HistoryListView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/PictureHolderView.h"
@@ -372,15 +373,15 @@ QWidget* CalculatorWindow::buildHistoryPage() {
   auto* v = new QVBoxLayout(page);
   v->setContentsMargins(4, 4, 4, 4);
   v->setSpacing(4);
-  Combo1 = new QListWidget(page);
+  Combo1 = new HistoryListView(page);
   Combo1->setObjectName(QStringLiteral("Combo1"));
   Combo1->setFocusPolicy(Qt::NoFocus);
   Combo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   Combo1->setToolTip(Res(4793));
-  // Lines are only ever appended: uniform sizes keep a long list cheap.
-  Combo1->setUniformItemSizes(true);
-  connect(Combo1, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
-    if (!engine_.Combo1.select(Combo1->row(item))) return;
+  Combo1->setLines(&engine_.Combo1.lines());
+  connect(Combo1, &HistoryListView::currentRowChanged, this, [this](int row) { engine_.Combo1.select(row); });
+  connect(Combo1, &HistoryListView::rowDoubleClicked, this, [this](int row) {
+    if (!engine_.Combo1.select(row)) return;
     engine_.Combo1_DblClick();
     afterEvent();
   });
@@ -520,22 +521,18 @@ void CalculatorWindow::chameleonButton1_Click(Qt::MouseButton button) {
   ExtendedDisplayRefresh(this, kExtendedDisplayMargin);
 }
 
-// Only the lines added since the last repaint are copied, so a line costs
-// the same at any length of the list; a clear in between starts over.
+// The list view only looks at the lines added since the last repaint, so a
+// line costs the same at any length of the list.
 void CalculatorWindow::refreshHistory() {
-  const QStringList& lines = engine_.Combo1.lines();
+  const int lines = engine_.Combo1.count();
   if (engine_.Combo1.clears() != shownClears_) {
     shownClears_ = engine_.Combo1.clears();
-    Combo1->clear();
-    shownHistory_ = 0;
+    Combo1->linesChanged(true);
+  } else if (lines != shownHistory_) {
+    Combo1->linesChanged(false);
   }
-  for (qsizetype i = shownHistory_; i < lines.size(); ++i) Combo1->addItem(lines.at(i));
-  shownHistory_ = static_cast<int>(lines.size());
-  const int selected = engine_.Combo1.ListIndex();
-  if (selected != Combo1->currentRow()) {
-    Combo1->setCurrentRow(selected);
-    if (selected >= 0) Combo1->scrollToItem(Combo1->item(selected));
-  }
+  shownHistory_ = lines;
+  if (engine_.Combo1.ListIndex() != Combo1->currentRow()) Combo1->setCurrentRow(engine_.Combo1.ListIndex());
 }
 
 void CalculatorWindow::afterEvent() {

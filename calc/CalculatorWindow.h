@@ -17,6 +17,7 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
 
+class HistoryListView;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
@@ -77,7 +78,7 @@ class CalculatorWindow : public QMainWindow {
   QLabel* Image3 = nullptr;
   QLabel* Text5 = nullptr;
   QWidget* Frame2 = nullptr;
-  QListWidget* Combo1 = nullptr;
+  HistoryListView* Combo1 = nullptr;
   QListWidget* List3 = nullptr;
   QListWidget* List4 = nullptr;
   QList<QLineEdit*> m1;
