@@ -142,7 +142,7 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
 
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
-  resize(1060, 580);
+  resize(1160, 560);
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -258,7 +258,8 @@ QWidget* CalculatorWindow::buildMemories() {
     grid->addWidget(field, 0, 4 * i);
     grid->setColumnStretch(4 * i, 1);
   }
-  for (QPushButton* b : strip->findChildren<QPushButton*>()) b->setMinimumWidth(34);
+  // The keys keep their width; the fields take the rest.
+  for (QPushButton* b : strip->findChildren<QPushButton*>()) b->setFixedWidth(36);
   return strip;
 }
 

@@ -26,8 +26,14 @@ void HistoryListView::linesChanged(bool cleared) {
     widest_ = 0;
     if (current_ >= count()) current_ = -1;
   }
+  // Blanks that pad a line out take no room.
   const QFontMetrics fm = fontMetrics();
-  for (; measured_ < count(); ++measured_) widest_ = std::max(widest_, fm.horizontalAdvance(lines_->at(measured_)));
+  for (; measured_ < count(); ++measured_) {
+    const QString& line = lines_->at(measured_);
+    qsizetype end = line.size();
+    while (end > 0 && line.at(end - 1) == QLatin1Char(' ')) --end;
+    widest_ = std::max(widest_, fm.horizontalAdvance(line.left(end)));
+  }
   updateScrollBars();
   viewport()->update();
 }
@@ -89,6 +95,9 @@ void HistoryListView::paintEvent(QPaintEvent*) {
 void HistoryListView::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   updateScrollBars();
+  // A scroll bar that comes or goes changes the rows on screen: the current
+  // row stays in view.
+  if (current_ >= 0) setCurrentRow(current_);
 }
 
 void HistoryListView::mousePressEvent(QMouseEvent* event) {

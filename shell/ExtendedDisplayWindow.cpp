@@ -16,8 +16,8 @@ namespace {
 const QString kLcdFamily = QStringLiteral("DSEG7 Classic");
 
 // Pixel sizes of Text1 and Text2 in each face; the LCD digits are wider.
-constexpr int kArialSizes[] = {44, 22};
-constexpr int kLcdSizes[] = {36, 18};
+constexpr int kArialSizes[] = {40, 18};
+constexpr int kLcdSizes[] = {34, 16};
 
 QFont displayFont(const QString& family, int pixelSize, bool bold) {
   QFont f(family);
@@ -75,8 +75,8 @@ void ExtendedDisplayWindow::applyFont() {
   Text1->setFont(displayFont(family, sizes[0], true));
   Text2->setFont(displayFont(family, sizes[1], false));
   // Three lines of result, whatever the face.
-  Text1->setFixedHeight(Text1->fontMetrics().height() + 16);
-  Text2->setFixedHeight(Text2->fontMetrics().lineSpacing() * 3 + 12);
+  Text1->setFixedHeight(Text1->fontMetrics().height() + 12);
+  Text2->setFixedHeight(Text2->fontMetrics().lineSpacing() * 3 + 10);
   adjustSize();
 }
 
