@@ -5,7 +5,6 @@
 #include "calc/KeySequence.h"
 #include "calc/ListNumber.h"
 #include "shell/ErrorReport.h"
-#include "shell/Printing.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
 #include "shell/Strings.h"
@@ -239,31 +238,6 @@ TEST_F(MemoriesAndHistoryTest, ViewerLinesGiveTheirValue) {
   EXPECT_EQ(e.numero.text(), QStringLiteral("1.5"));
   e.List4_DblClick(5);  // no such line
   EXPECT_EQ(e.numero.text(), QStringLiteral("1.5"));
-}
-
-// ---- Printouts -------------------------------------------------------------------------
-
-QStringList printedLines(const PrintDocument& doc) {
-  QStringList out;
-  for (const PrintLine& l : doc.lines()) {
-    QStringList spans;
-    for (const PrintSpan& s : l.spans) spans << s.text;
-    out << spans.join(QLatin1Char('|'));
-  }
-  return out;
-}
-
-TEST_F(MemoriesAndHistoryTest, HistoryPrintoutNumbersEveryLineAndGivesItsValue) {
-  CalculatorEngine e;
-  keys(e, QStringLiteral("2 + 3 ="));
-  const PrintDocument doc = e.historyDocument();
-  EXPECT_EQ(doc.name(), Res(1297));
-  const QStringList lines = printedLines(doc);
-  EXPECT_TRUE(lines.contains(Res(4423)));
-  EXPECT_TRUE(lines.contains(Res(4104)));
-  EXPECT_TRUE(lines.contains(QStringLiteral("0003|+")));
-  EXPECT_TRUE(lines.contains(QStringLiteral("0005|5 ....        5")));
-  EXPECT_TRUE(lines.last().startsWith(QStringLiteral("Calvix Premium  -  VelozCalc.  ")));
 }
 
 }  // namespace

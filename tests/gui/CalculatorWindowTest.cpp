@@ -1,7 +1,8 @@
 // The scientific calculator's window: its controls exist under their names,
 // clicks and keystrokes reach the engine, and the display follows; the
-// memories, registers, lists and the large display answer the mouse; a long
-// history only grows its list; the history prints to a PDF file.
+// memories, registers, lists and the large display answer the mouse; a full
+// history shows its end and starts again at line 4001; the history prints to
+// a PDF file.
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
