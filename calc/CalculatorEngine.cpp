@@ -78,12 +78,15 @@ void CalculatorEngine::Form_Load() {
   Frame2Visible = false;
   numeroTag = 0;
   writeCurrencyCaptions();
+  loadMemories();
+  writeRegisterTooltips();
 }
 
 void CalculatorEngine::Form_Activate() {
   angulo = QStringLiteral("deg");
   program().angleFactor = rt::Atn(1) * 4 / 180;
   writeCurrencyCaptions();
+  writeRegisterTooltips();
 }
 
 void CalculatorEngine::Form_Unload() { program().helpCursor = false; }
@@ -398,36 +401,6 @@ void CalculatorEngine::Command22_Click() {
     numero = kZero;
     entryActive = 0;
   });
-}
-
-// ---- History ---------------------------------------------------------------------------
-
-void CalculatorEngine::Command69_Click() {
-  QString pad(padding_.plain, QLatin1Char(' '));
-  if (func == QLatin1String("=")) pad = Res(4581) + QString(padding_.total, QLatin1Char(' '));
-  if (Combo1.full()) Combo1.clear();
-  // The answer line is written once between two function lines, and always
-  // for the clear key's own line.
-  if (Command69Tag != 1 && (result.text().left(3) != errorPrefix || func == Res(4573))) {
-    Command69Tag = 1;
-    Combo1.add(result.text() + pad);
-  } else {
-    Command69Tag = 0;
-  }
-  Combo1.add(func + pad);
-}
-
-void CalculatorEngine::addHistoryValue(const QString& text) { Combo1.add(text); }
-
-void CalculatorEngine::numero_Change() {
-  if (errorState == 3) {
-    image3Failure = false;
-    result = kZero;
-    errorState = 0;
-  }
-  // Plain typing (a new entry while result rests at "0") is not history.
-  if (numero.text() != kZero && result.text() == kZero) return;
-  addHistoryValue(numero);
 }
 
 // ---- Failure paths -------------------------------------------------------------------

@@ -20,6 +20,11 @@
 //    and ModesAndConversions.cpp (angle and temperature modes, degree texts,
 //    VAT, currencies, number bases). They share the unary pattern of
 //    unaryKey(): name into func, history line, domain test, answer.
+//  - MemoriesAndHistory.cpp holds what the calculator remembers: the four
+//    memories m1 (program-wide values, shown as texts), the recall of the
+//    intermodular registers (shell/Registers.h), the history Combo1 with
+//    its line rules, the auxiliary viewer List3/List4, taking a number back
+//    from either list (calc/ListNumber.h) and their two printouts.
 //  - CalculatorKeypad.h holds the table of keys (caption, tooltip, place,
 //    handler) and CalculatorKeyMap.h the keyboard map; click(), keyPress() and
 //    keyDown() are the entry points the window and calvix-cli share.
@@ -28,13 +33,17 @@
 // each event here and repaints from the fields; it also moves the focus to
 // the control named in focusRequest.
 #include <QString>
+#include <QStringList>
 #include <QtCore/qnamespace.h>
+#include <array>
 #include <cstdint>
 #include <functional>
 
 #include "calc/CalculatorHistory.h"
 #include "calc/TextField.h"
 #include "shell/Variant.h"
+
+class PrintDocument;
 
 class CalculatorEngine {
  public:
@@ -85,9 +94,16 @@ class CalculatorEngine {
   QString Command33Caption, Command33Tooltip, Command34Caption, Command34Tooltip;
   double numeroTag = 0;  // tag of numero: the value of the last angle conversion
 
-  // ---- History (the list Combo1) ------------------------------------------
+  // ---- Memories, registers, history, auxiliary viewer ----------------------
+  std::array<QString, 4> m1;  // the memory fields: each memory's value as text
+  std::array<QString, 4> Command74Tooltip;  // the register labels, rewritten on activation
   CalculatorHistory Combo1;
   int Command69Tag = 0;  // last kind of history line written
+  QStringList List3, List4;  // the auxiliary viewer: the tools' results, in pairs
+  // Working values the viewer's tools keep between two uses; Command64 clears them.
+  std::array<double, 8> toolRegisters{};
+  bool historyPanelVisible = false;  // Command62 opens or closes the history panel
+  bool viewerPanelRequested = false;  // Command64 asks the view to show the viewer
 
   // ---- Window events -------------------------------------------------------
   void Form_Load();
@@ -140,8 +156,31 @@ class CalculatorEngine {
   void Command9_Click(int index);   // to decimal, hexadecimal, octal, binary
   void Command91_Click();           // decimal to base N
   void Command92_Click();           // base N to decimal
+
+  // ---- Memories, registers, history (MemoriesAndHistory.cpp) ----------------
+  void Command24_Click(int index);  // recall memory
+  void Command28_Click(int index);  // add numero to memory (Shift+1..4)
+  void Command29_Click(int index);  // clear memory
+  void m1_DblClick(int index);      // as Command24
+  void Command74_Click(int index);  // recall register R1..R4
+  void Command62_Click();           // opens or closes the history panel
+  void Command63_Click();           // clears the history
+  void Command64_Click();           // clears the auxiliary viewer
+  void Combo1_DblClick();           // takes a number from the selected history line
+  void List3_DblClick(int index);   // takes a number from a viewer line
+  void List4_DblClick(int index);
+  void registros_Click();           // prints the history
+  void imprimeAux_Click();          // prints the auxiliary viewer
   void addHistoryValue(const QString& text);
   void numero_Change();
+  // The register keys' tooltips from the labels (on activation, and when a
+  // register is written while the window is open).
+  void writeRegisterTooltips();
+  // Adds a pair of lines to the auxiliary viewer (the tools' results).
+  void addViewerLine(const QString& left, const QString& right);
+  // What registros and imprimeAux print.
+  PrintDocument historyDocument() const;
+  PrintDocument viewerDocument() const;
 
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear
@@ -205,6 +244,8 @@ class CalculatorEngine {
   bool toAngleUnit(int index);
   void setAngleMode(const QString& mode);
   void writeCurrencyCaptions();
+  void loadMemories();
+  void takeFromViewer(const QStringList& list, int index);
   // The base asked in the input box; 0 when the box was cancelled, -1 when
   // the answer is not a base (code 26 reported).
   int askBase(int textId, int tooltipId);

@@ -127,12 +127,36 @@ void addConstantKeys(QList<KeypadKey>& keys) {
   }
 }
 
+// The memory strip: each memory i has its field m1(i) at column 4i (placed by
+// the window) and its three keys beside it. The register row: R1 to R4, then
+// the history panel key. The two list panels have their clear keys.
+void addMemoryKeys(QList<KeypadKey>& keys) {
+  constexpr auto M = KeypadPanel::Memories;
+  constexpr auto R = KeypadPanel::Registers;
+  static const char* const kRegisters[] = {"R1", "R2", "R3", "R4"};
+  for (int i = 0; i < 4; ++i) {
+    keys << key("Command24", i, "MR", 4216, M, 0, 4 * i + 1, [](E& e, int n) { e.Command24_Click(n); })
+         << key("Command28", i, "M+", 4220, M, 0, 4 * i + 2, [](E& e, int n) { e.Command28_Click(n); })
+         << key("Command29", i, "MC", 4221, M, 0, 4 * i + 3, [](E& e, int n) { e.Command29_Click(n); });
+  }
+  // The register keys' tooltips are the labels, written on activation.
+  for (int i = 0; i < 4; ++i) {
+    keys << key("Command74", i, kRegisters[i], 0, R, 0, i, [](E& e, int n) { e.Command74_Click(n); });
+  }
+  keys << key("Command62", -1, "", 4784, R, 0, 4, [](E& e, int) { e.Command62_Click(); }, 1, 4719)
+       << key("Command63", -1, "", 4785, KeypadPanel::HistoryTools, 0, 0, [](E& e, int) { e.Command63_Click(); }, 1,
+              4791)
+       << key("Command64", -1, "", 4788, KeypadPanel::ViewerTools, 0, 0, [](E& e, int) { e.Command64_Click(); }, 1,
+              4791);
+}
+
 QList<KeypadKey> buildKeys() {
   QList<KeypadKey> keys;
   addMainKeys(keys);
   addFunctionKeys(keys);
   addConversionKeys(keys);
   addConstantKeys(keys);
+  addMemoryKeys(keys);
   return keys;
 }
 

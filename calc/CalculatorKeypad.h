@@ -17,6 +17,10 @@ enum class KeypadPanel {
   Angles,       // angle units
   Bases,        // number bases
   Constants,    // the constants panel Frame2
+  Memories,     // per memory: recall, add, clear (columns 1-3 of four per memory)
+  Registers,    // recall of R1 to R4, and the history panel key
+  HistoryTools, // under the history list
+  ViewerTools,  // under the auxiliary viewer
 };
 
 struct KeypadKey {

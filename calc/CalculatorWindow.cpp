@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -17,10 +19,16 @@
 #include <QVBoxLayout>
 
 #include "calc/CalculatorKeypad.h"
+#include "calc/HistoryListView.h"
 #include "calc/PhysicalConstants.h"
+#include "shell/ExtendedDisplayWindow.h"
 #include "shell/PictureHolderView.h"
 #include "shell/ProgramState.h"
+#include "shell/Registers.h"
+#include "shell/Services.h"
 #include "shell/Strings.h"
+#include "shell/WindowRegistry.h"
+#include "shell/WindowServices.h"
 
 namespace {
 
@@ -56,6 +64,40 @@ QChar typedOf(const QKeyEvent* event) {
   }
 }
 
+// Picture1: a thin bar, red for the share of the history in use.
+class FillBar : public QWidget {
+ public:
+  explicit FillBar(QWidget* parent) : QWidget(parent) { setFixedSize(120, 10); }
+  void setFill(double fill) {
+    if (fill == fill_) return;
+    fill_ = fill;
+    update();
+  }
+  double fill() const { return fill_; }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.fillRect(rect(), Qt::white);
+    // Rounded down: the bar is whole only when the list is full.
+    const int w = static_cast<int>(fill_ * (width() - 2));
+    if (w > 0) p.fillRect(1, 1, w, height() - 2, Qt::red);
+    p.setPen(Qt::gray);
+    p.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+
+ private:
+  double fill_ = -1;
+};
+
+constexpr int kChameleonTopic = 20230;
+
+// The large display, when it is open on the screen.
+QWidget* shownDisplay() {
+  QWidget* display = findWindow(WindowId::ExtendedDisplay);
+  return display && display->isVisible() ? display : nullptr;
+}
+
 }  // namespace
 
 CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
@@ -70,6 +112,7 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   auto* left = new QVBoxLayout;
   left->setSpacing(8);
   left->addWidget(buildDisplay());
+  left->addWidget(buildMemories());
   auto* pads = new QHBoxLayout;
   pads->setSpacing(10);
   pads->addWidget(buildFunctionKeys(), 5);
@@ -81,8 +124,16 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
 
   historyPanel_ = new QLabel(this);
   currencyPanel_ = new QLabel(this);
+  Picture1 = new FillBar(this);
+  Picture1->setObjectName(QStringLiteral("Picture1"));
   statusBar()->addWidget(historyPanel_);
+  statusBar()->addWidget(Picture1);
   statusBar()->addPermanentWidget(currencyPanel_);
+  // A register written by any module shows in the keys' tooltips at once.
+  connect(&registerNotifier(), &RegisterNotifier::registerChanged, this, [this] {
+    engine_.writeRegisterTooltips();
+    refreshMemories();
+  });
 
   QPalette pal = central->palette();
   pal.setColor(QPalette::Window, settingColour(program().BackgroundColour));
@@ -91,7 +142,7 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
 
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
-  resize(1060, 540);
+  resize(1160, 560);
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -180,8 +231,36 @@ QWidget* CalculatorWindow::buildDisplay() {
   formats->addWidget(redondLabel);
   formats->addWidget(redond);
   formats->addStretch(1);
+  // The register keys, the history panel key and the large display's key.
+  formats->addWidget(new QLabel(Res(4795), this));
+  formats->addWidget(buildKeyGrid(KeypadPanel::Registers, this));
+  chameleonButton1 = new QPushButton(QStringLiteral("XL"), this);
+  chameleonButton1->setObjectName(QStringLiteral("chameleonButton1"));
+  chameleonButton1->setToolTip(Res(4789));
+  chameleonButton1->setMinimumSize(44, 28);
+  connect(chameleonButton1, &QPushButton::clicked, this, [this] { chameleonButton1_Click(Qt::LeftButton); });
+  formats->addWidget(chameleonButton1);
   v->addLayout(formats);
   return box;
+}
+
+// One row: for each memory its field m1(i) (double click recalls it), then
+// its three keys.
+QWidget* CalculatorWindow::buildMemories() {
+  QWidget* strip = buildKeyGrid(KeypadPanel::Memories, this);
+  strip->setObjectName(QStringLiteral("memories"));
+  auto* grid = static_cast<QGridLayout*>(strip->layout());
+  for (int i = 0; i < 4; ++i) {
+    auto* field = addField(QStringLiteral("m1(%1)").arg(i), 4790, 0);
+    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    field->setMinimumWidth(70);
+    m1 << field;
+    grid->addWidget(field, 0, 4 * i);
+    grid->setColumnStretch(4 * i, 1);
+  }
+  // The keys keep their width; the fields take the rest.
+  for (QPushButton* b : strip->findChildren<QPushButton*>()) b->setFixedWidth(36);
+  return strip;
 }
 
 QWidget* CalculatorWindow::buildKeyGrid(KeypadPanel panel, QWidget* parent) {
@@ -257,12 +336,12 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_ = new QTabWidget(this);
   panels_->setObjectName(QStringLiteral("panels"));
   panels_->setFocusPolicy(Qt::NoFocus);
-  Combo1 = new QListWidget(panels_);
-  Combo1->setObjectName(QStringLiteral("Combo1"));
-  Combo1->setFocusPolicy(Qt::NoFocus);
-  Combo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  panels_->addTab(Combo1, Res(4719));
-  panels_->addTab(buildConversions(), Res(4775));
+  historyPage_ = buildHistoryPage();
+  panels_->addTab(historyPage_, Res(4719));
+  conversionsPage_ = buildConversions();
+  panels_->addTab(conversionsPage_, Res(4775));
+  viewerPage_ = buildViewerPage();
+  panels_->addTab(viewerPage_, Res(4543));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -270,7 +349,87 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_->addTab(Frame2, Res(4776));
   panels_->setTabVisible(panels_->indexOf(Frame2), false);
   panels_->setMinimumWidth(290);
+  // A tab picked by hand opens or closes the history panel as Command62 does.
+  connect(panels_, &QTabWidget::currentChanged, this, [this] {
+    historyShown_ = engine_.historyPanelVisible = panels_->currentWidget() == historyPage_;
+  });
   return panels_;
+}
+
+QWidget* CalculatorWindow::buildToolRow(KeypadPanel panel, QWidget* parent, QPushButton* print) {
+  auto* row = new QWidget(parent);
+  auto* h = new QHBoxLayout(row);
+  h->setContentsMargins(0, 0, 0, 0);
+  h->addWidget(buildKeyGrid(panel, row));
+  h->addStretch(1);
+  print->setParent(row);
+  print->setMinimumSize(44, 28);
+  h->addWidget(print);
+  return row;
+}
+
+QWidget* CalculatorWindow::buildHistoryPage() {
+  auto* page = new QWidget(this);
+  page->setObjectName(QStringLiteral("historyPage"));
+  auto* v = new QVBoxLayout(page);
+  v->setContentsMargins(4, 4, 4, 4);
+  v->setSpacing(4);
+  Combo1 = new HistoryListView(page);
+  Combo1->setObjectName(QStringLiteral("Combo1"));
+  Combo1->setFocusPolicy(Qt::NoFocus);
+  Combo1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  Combo1->setToolTip(Res(4793));
+  Combo1->setLines(&engine_.Combo1.lines());
+  connect(Combo1, &HistoryListView::currentRowChanged, this, [this](int row) { engine_.Combo1.select(row); });
+  connect(Combo1, &HistoryListView::rowDoubleClicked, this, [this](int row) {
+    if (!engine_.Combo1.select(row)) return;
+    engine_.Combo1_DblClick();
+    afterEvent();
+  });
+  v->addWidget(Combo1, 1);
+  registros = new QPushButton(Res(4792));
+  registros->setObjectName(QStringLiteral("registros"));
+  registros->setToolTip(Res(4786));
+  connect(registros, &QPushButton::clicked, this, [this] {
+    engine_.registros_Click();
+    afterEvent();
+  });
+  v->addWidget(buildToolRow(KeypadPanel::HistoryTools, page, registros));
+  return page;
+}
+
+QWidget* CalculatorWindow::buildViewerPage() {
+  auto* page = new QWidget(this);
+  page->setObjectName(QStringLiteral("viewerPage"));
+  auto* v = new QVBoxLayout(page);
+  v->setContentsMargins(4, 4, 4, 4);
+  v->setSpacing(4);
+  auto* lists = new QHBoxLayout;
+  lists->setSpacing(4);
+  auto makeList = [this, page, lists](const char* name, void (CalculatorEngine::*take)(int)) {
+    auto* list = new QListWidget(page);
+    list->setObjectName(QString::fromLatin1(name));
+    list->setFocusPolicy(Qt::NoFocus);
+    list->setToolTip(Res(4793));
+    connect(list, &QListWidget::itemDoubleClicked, this, [this, list, take](QListWidgetItem* item) {
+      (engine_.*take)(list->row(item));
+      afterEvent();
+    });
+    lists->addWidget(list, 1);
+    return list;
+  };
+  List3 = makeList("List3", &CalculatorEngine::List3_DblClick);
+  List4 = makeList("List4", &CalculatorEngine::List4_DblClick);
+  v->addLayout(lists, 1);
+  imprimeAux = new QPushButton(Res(4792));
+  imprimeAux->setObjectName(QStringLiteral("imprimeAux"));
+  imprimeAux->setToolTip(Res(4787));
+  connect(imprimeAux, &QPushButton::clicked, this, [this] {
+    engine_.imprimeAux_Click();
+    afterEvent();
+  });
+  v->addWidget(buildToolRow(KeypadPanel::ViewerTools, page, imprimeAux));
+  return page;
 }
 
 QPushButton* CalculatorWindow::keyButton(const QString& control, int index) const {
@@ -306,23 +465,75 @@ void CalculatorWindow::refresh() {
     panels_->setTabVisible(panels_->indexOf(Frame2), frame2Shown_);
     if (frame2Shown_) panels_->setCurrentWidget(Frame2);
   }
+  refreshMemories();
   refreshHistory();
+  refreshPanels();
   historyPanel_->setText(engine_.historyStatus());
+  static_cast<FillBar*>(Picture1)->setFill(engine_.Combo1.fill());
   currencyPanel_->setText(engine_.currencyStatus());
+  // The large display repeats numero and result, when it is open.
+  if (shownDisplay()) ExtendedDisplayRefresh(this, kExtendedDisplayMargin);
 }
 
+void CalculatorWindow::refreshMemories() {
+  for (int i = 0; i < m1.size(); ++i) m1.at(i)->setText(engine_.m1[static_cast<size_t>(i)]);
+  for (int i = 0; i < 4; ++i) {
+    if (QPushButton* r = keyButton(QStringLiteral("Command74"), i)) {
+      r->setToolTip(engine_.Command74Tooltip[static_cast<size_t>(i)]);
+    }
+  }
+}
+
+void CalculatorWindow::refreshPanels() {
+  if (engine_.viewerPanelRequested) {
+    engine_.viewerPanelRequested = false;
+    panels_->setCurrentWidget(viewerPage_);
+  }
+  if (engine_.historyPanelVisible != historyShown_) {
+    historyShown_ = engine_.historyPanelVisible;
+    if (historyShown_) panels_->setCurrentWidget(historyPage_);
+    else if (panels_->currentWidget() == historyPage_) panels_->setCurrentWidget(conversionsPage_);
+  }
+  // The viewer lists only grow between two clears.
+  auto sync = [](QListWidget* view, const QStringList& lines) {
+    if (view->count() > lines.size()) view->clear();
+    for (qsizetype i = view->count(); i < lines.size(); ++i) view->addItem(lines.at(i));
+  };
+  sync(List3, engine_.List3);
+  sync(List4, engine_.List4);
+}
+
+void CalculatorWindow::chameleonButton1_Click(Qt::MouseButton button) {
+  if (helpInstead(kChameleonTopic)) return;
+  QWidget* open = shownDisplay();
+  if (button == Qt::RightButton) {
+    if (auto* display = qobject_cast<ExtendedDisplayWindow*>(open)) display->switchFont();
+    return;
+  }
+  if (open) {
+    open->close();
+    return;
+  }
+  QWidget* display = OpenWindow(WindowId::ExtendedDisplay);
+  if (!display) return;
+  display->setWindowTitle(QStringLiteral("1"));
+  // Stacked above the calculator, the pair fits a 1280x800 screen.
+  ArrangeSideBySide(this, display, 1);
+  ExtendedDisplayRefresh(this, kExtendedDisplayMargin);
+}
+
+// The list view only looks at the lines added since the last repaint, so a
+// line costs the same at any length of the list.
 void CalculatorWindow::refreshHistory() {
-  const QStringList& lines = engine_.Combo1.lines();
-  if (lines.size() < shownHistory_) {
-    Combo1->clear();
-    shownHistory_ = 0;
+  const int lines = engine_.Combo1.count();
+  if (engine_.Combo1.clears() != shownClears_) {
+    shownClears_ = engine_.Combo1.clears();
+    Combo1->linesChanged(true);
+  } else if (lines != shownHistory_) {
+    Combo1->linesChanged(false);
   }
-  for (qsizetype i = shownHistory_; i < lines.size(); ++i) Combo1->addItem(lines.at(i));
-  if (lines.size() != shownHistory_) {
-    shownHistory_ = static_cast<int>(lines.size());
-    Combo1->setCurrentRow(shownHistory_ - 1);
-    Combo1->scrollToBottom();
-  }
+  shownHistory_ = lines;
+  if (engine_.Combo1.ListIndex() != Combo1->currentRow()) Combo1->setCurrentRow(engine_.Combo1.ListIndex());
 }
 
 void CalculatorWindow::afterEvent() {
@@ -358,6 +569,8 @@ void CalculatorWindow::closeEvent(QCloseEvent* event) {
   if (!unloaded_) {
     unloaded_ = true;
     engine_.Form_Unload();
+    // The large display is this window's companion.
+    if (QWidget* display = shownDisplay()) display->close();
   }
   event->accept();
 }
@@ -375,5 +588,18 @@ bool CalculatorWindow::takeKey(QKeyEvent* event) {
 
 bool CalculatorWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event))) return true;
+  if (event->type() == QEvent::MouseButtonDblClick) {
+    if (const qsizetype i = m1.indexOf(qobject_cast<QLineEdit*>(watched)); i >= 0) {
+      engine_.m1_DblClick(static_cast<int>(i));
+      afterEvent();
+      return true;
+    }
+  }
+  // The right button on chameleonButton1 changes the large display's face.
+  if (watched == chameleonButton1 && event->type() == QEvent::MouseButtonRelease &&
+      static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
+    chameleonButton1_Click(Qt::RightButton);
+    return true;
+  }
   return QMainWindow::eventFilter(watched, event);
 }

@@ -2,8 +2,12 @@
 // The scientific calculator's window (comand1): the display fields, the state
 // picture Image3 and the hyperbolic light Text5, the number keypad and the
 // function keys built from the key table, and a panel area with the history,
-// the conversions (VAT and currencies, temperature, angles, bases) and the
-// constants panel Frame2, shown on demand. Every key and every keyboard
+// the conversions (VAT and currencies, temperature, angles, bases), the
+// auxiliary viewer and the constants panel Frame2, shown on demand. Below the
+// display: the four memories m1 with their keys, the register keys, the
+// history panel key and chameleonButton1, which opens or closes the large
+// display (left button) or changes its typeface (right button); the large
+// display follows every repaint. Every key and every keyboard
 // stroke goes to the CalculatorEngine; the view then repaints from the
 // engine's fields and moves the focus where the engine asks (Command19, so
 // that Enter is equals).
@@ -13,6 +17,7 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
 
+class HistoryListView;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
@@ -48,9 +53,16 @@ class CalculatorWindow : public QMainWindow {
   QWidget* buildFunctionKeys();
   QWidget* buildConversions();
   QWidget* buildPanels();
+  QWidget* buildMemories();
+  QWidget* buildHistoryPage();
+  QWidget* buildViewerPage();
+  QWidget* buildToolRow(KeypadPanel panel, QWidget* parent, QPushButton* print);
   void afterEvent();
   bool takeKey(QKeyEvent* event);
   void refreshHistory();
+  void refreshMemories();
+  void refreshPanels();
+  void chameleonButton1_Click(Qt::MouseButton button);
 
   CalculatorEngine engine_;
   // Controls under their model names.
@@ -66,7 +78,17 @@ class CalculatorWindow : public QMainWindow {
   QLabel* Image3 = nullptr;
   QLabel* Text5 = nullptr;
   QWidget* Frame2 = nullptr;
-  QListWidget* Combo1 = nullptr;
+  HistoryListView* Combo1 = nullptr;
+  QListWidget* List3 = nullptr;
+  QListWidget* List4 = nullptr;
+  QList<QLineEdit*> m1;
+  QPushButton* chameleonButton1 = nullptr;
+  QPushButton* registros = nullptr;   // prints the history
+  QPushButton* imprimeAux = nullptr;  // prints the auxiliary viewer
+  QWidget* Picture1 = nullptr;        // red bar: the history's share of its 4000 lines
+  QWidget* historyPage_ = nullptr;
+  QWidget* viewerPage_ = nullptr;
+  QWidget* conversionsPage_ = nullptr;
   QTabWidget* panels_ = nullptr;
   QLabel* historyPanel_ = nullptr;
   QLabel* currencyPanel_ = nullptr;
@@ -75,6 +97,8 @@ class CalculatorWindow : public QMainWindow {
   QList<QPushButton*> currencyKeys_;  // Command33, Command34: hidden in hexadecimal mode
   bool frame2Shown_ = false;
   int shownHistory_ = 0;
+  int shownClears_ = 0;
+  bool historyShown_ = false;  // the model's history panel flag last applied
   bool unloaded_ = false;
   bool placed_ = false;
 };

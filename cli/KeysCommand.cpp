@@ -1,11 +1,16 @@
 // calvix-cli keys: the scientific calculator driven by a key sequence.
 //
-//   calvix-cli keys [--answer TEXT]... "<sequence>"
+//   calvix-cli keys [--answer TEXT]... [--memories LIST] [--registers LIST] "<sequence>"
 //
 // A fresh calculator, as the window has it on load, takes the keys of the
 // sequence (see calc/KeySequence.h for the tokens); then its state is printed:
 // numero, result, func, errorState, pendingOp, entryActive, the modes
-// (angulo, temperat, ivas, HexDec, hypFlag) and the history.
+// (angulo, temperat, ivas, HexDec, hypFlag), the four memories (the texts of
+// the fields m1), the four registers (value and label) and the history.
+// --memories "1.5,2,,-3" and --registers "42.5:Área,,7" start from those
+// values instead of the fresh installation's: up to four items, numbers with
+// a point, an empty item keeps its default; a register item may add ":LABEL",
+// otherwise it keeps its label.
 // Each --answer is taken by the next message the keys show: typed into an
 // input box (the bases of Command91 and Command92) and its first button
 // pressed, or the index of the button pressed in a plain message;
@@ -13,19 +18,68 @@
 // In the plain output a line break inside result is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
+#include <cmath>
+#include <functional>
 
 #include "calc/CalculatorEngine.h"
 #include "calc/KeySequence.h"
 #include "cli/CliCommand.h"
+#include "shell/NumberText.h"
+#include "shell/ProgramState.h"
+#include "shell/Registers.h"
 
 namespace {
 
+// Reads "v1,v2,..." (at most four, point as decimal mark, empty items
+// skipped) and hands each item to take(index, value, label); labels after a
+// ":" only where labels are allowed. False with a reason on a bad item.
+bool readStartValues(const QString& list, bool labels, QString& error,
+                     const std::function<void(int, double, const QString*)>& take) {
+  const QStringList items = list.split(QLatin1Char(','));
+  if (items.size() > 4) {
+    error = QStringLiteral("at most four values: %1").arg(list);
+    return false;
+  }
+  for (int i = 0; i < items.size(); ++i) {
+    QString item = items.at(i).trimmed();
+    if (item.isEmpty()) continue;
+    QString label;
+    const qsizetype colon = labels ? item.indexOf(QLatin1Char(':')) : -1;
+    if (colon >= 0) {
+      label = item.mid(colon + 1);
+      item = item.left(colon).trimmed();
+    }
+    bool ok = false;
+    const double v = item.toDouble(&ok);
+    if (!ok || !std::isfinite(v)) {
+      error = QStringLiteral("not a number: %1").arg(item);
+      return false;
+    }
+    take(i, v, colon >= 0 ? &label : nullptr);
+  }
+  return true;
+}
+
 int runKeys(CliContext& ctx) {
+  QString memories, registers;
+  ctx.takeOption(QStringLiteral("--memories"), memories);
+  ctx.takeOption(QStringLiteral("--registers"), registers);
   if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("keys takes a key sequence: keys \"12 + 3 =\""));
   const QString sequence = ctx.args.join(QLatin1Char(' '));
   QList<KeyStep> steps;
   QString error;
   if (!parseKeySequence(sequence, steps, error)) return ctx.usage(QStringLiteral("keys: ") + error);
+  if (!memories.isEmpty() &&
+      !readStartValues(memories, false, error,
+                       [](int i, double v, const QString*) { program().Memories[static_cast<size_t>(i)] = v; })) {
+    return ctx.usage(QStringLiteral("keys --memories: ") + error);
+  }
+  if (!registers.isEmpty() &&
+      !readStartValues(registers, true, error, [](int i, double v, const QString* label) {
+        WriteRegister(i, v, label ? *label : RegisterLabel(i));
+      })) {
+    return ctx.usage(QStringLiteral("keys --registers: ") + error);
+  }
 
   CalculatorEngine engine;
   engine.Form_Activate();
@@ -43,6 +97,13 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("ivas"), engine.ivas);
     ctx.json.insert(QStringLiteral("HexDec"), engine.HexDec);
     ctx.json.insert(QStringLiteral("hypFlag"), engine.hypFlag);
+    QJsonArray m, r;
+    for (const QString& text : engine.m1) m.append(text);
+    for (int i = 0; i < kRegisterCount; ++i) {
+      r.append(QJsonObject{{QStringLiteral("value"), RegisterValue(i)}, {QStringLiteral("label"), RegisterLabel(i)}});
+    }
+    ctx.json.insert(QStringLiteral("memories"), m);
+    ctx.json.insert(QStringLiteral("registers"), r);
     ctx.json.insert(QStringLiteral("history"), QJsonArray::fromStringList(engine.Combo1.lines()));
     return 0;
   }
@@ -60,6 +121,10 @@ int runKeys(CliContext& ctx) {
           << "ivas\t" << engine.ivas << '\n'
           << "HexDec\t" << engine.HexDec << '\n'
           << "hypFlag\t" << engine.hypFlag << '\n';
+  for (int i = 0; i < 4; ++i) ctx.out << "memory" << i + 1 << '\t' << engine.m1[static_cast<size_t>(i)] << '\n';
+  for (int i = 0; i < kRegisterCount; ++i) {
+    ctx.out << "register" << i + 1 << '\t' << rt::NumberToText(RegisterValue(i)) << '\t' << RegisterLabel(i) << '\n';
+  }
   for (const QString& line : engine.Combo1.lines()) ctx.out << "history\t" << line << '\n';
   return 0;
 }
@@ -67,5 +132,8 @@ int runKeys(CliContext& ctx) {
 }  // namespace
 
 CALVIX_CLI_COMMAND("keys",
-                   "the scientific calculator after a key sequence: keys [--answer T|button:N]... \"12 + 3 =\"",
+                   "the scientific calculator after a key sequence: keys [--answer T|button:N]...\n"
+                   "            [--memories M1,M2,M3,M4] [--registers R1[:LABEL],R2,...] \"12 + 3 =\"\n"
+                   "            memories and registers start from the values given (point as decimal mark;\n"
+                   "            an empty item keeps the default, a register without :LABEL keeps its label)",
                    runKeys);

@@ -150,11 +150,39 @@ TEST_F(KeysCommand, AnswersAreTypedUnlessTheyNameAButton) {
   EXPECT_EQ(f.value(QStringLiteral("ivas")), QStringLiteral("5 %"));
 }
 
+TEST_F(KeysCommand, MemoriesAndRegistersStartFromTheValuesGivenAndArePrinted) {
+  // The command's own options follow its name.
+  const CliRun r = runCli({QStringLiteral("--decimal"), QStringLiteral(","), QStringLiteral("keys"),
+                           QStringLiteral("--memories"), QStringLiteral("1.5,2,,-3"), QStringLiteral("--registers"),
+                           QStringLiteral("42.5:Área del círculo,,0.25"),
+                           QStringLiteral("Command74(0) Shift+2 Command74(2) Shift+4")});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  const auto f = fields(r.out);
+  EXPECT_EQ(f.value(QStringLiteral("memory1")), QStringLiteral("1,5"));
+  EXPECT_EQ(f.value(QStringLiteral("memory2")), QStringLiteral("44,5"));
+  EXPECT_EQ(f.value(QStringLiteral("memory3")), QStringLiteral("0"));
+  EXPECT_EQ(f.value(QStringLiteral("memory4")), QStringLiteral("-2,75"));
+  EXPECT_EQ(f.value(QStringLiteral("register1")), QStringLiteral("42,5	Área del círculo"));
+  EXPECT_EQ(f.value(QStringLiteral("register3")), QStringLiteral("0,25	Memoria Intermodular: R 3"));
+  EXPECT_EQ(f.value(QStringLiteral("register4")), QStringLiteral("0	Memoria Intermodular: R 4"));
+
+  const CliRun j = runCli({QStringLiteral("--json"), QStringLiteral("keys"), QStringLiteral("--registers=-1e-3:x"),
+                           QStringLiteral("Command74(0)")});
+  const QJsonObject o = QJsonDocument::fromJson(j.out.toUtf8()).object();
+  EXPECT_EQ(o.value(QStringLiteral("registers")).toArray().at(0).toObject().value(QStringLiteral("value")).toDouble(),
+            -1e-3);
+  EXPECT_EQ(o.value(QStringLiteral("memories")).toArray().size(), 4);
+}
+
 TEST_F(KeysCommand, BadSequencesAreUsageErrors) {
   for (const QStringList& args : QList<QStringList>{{QStringLiteral("keys")},
                                                      {QStringLiteral("keys"), QStringLiteral("1 + Command99 =")},
                                                      {QStringLiteral("keys"), QStringLiteral("Command13(9)")},
-                                                     {QStringLiteral("keys"), QStringLiteral("Shift+?")}}) {
+                                                     {QStringLiteral("keys"), QStringLiteral("Shift+?")},
+                                                     {QStringLiteral("keys"), QStringLiteral("--memories"),
+                                                      QStringLiteral("1,2,3,4,5"), QStringLiteral("1")},
+                                                     {QStringLiteral("keys"), QStringLiteral("--registers"),
+                                                      QStringLiteral("1,abc"), QStringLiteral("1")}}) {
     const CliRun r = runCli(args);
     EXPECT_EQ(r.exitCode, 2) << args.join(QLatin1Char(' ')).toStdString();
     EXPECT_FALSE(r.err.isEmpty());

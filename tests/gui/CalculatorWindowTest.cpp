@@ -1,21 +1,57 @@
 // The scientific calculator's window: its controls exist under their names,
-// clicks and keystrokes reach the engine, and the display follows.
+// clicks and keystrokes reach the engine, and the display follows; the
+// memories, registers, lists and the large display answer the mouse; a full
+// history shows its end and starts again at line 4001; the history prints to
+// a PDF file.
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "calc/CalculatorKeypad.h"
 #include "calc/CalculatorWindow.h"
+#include "calc/HistoryListView.h"
 #include "shell/ErrorReport.h"
+#include "shell/ExtendedDisplayWindow.h"
 #include "shell/PictureHolderView.h"
+#include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
+#include "shell/Registers.h"
 #include "shell/Strings.h"
+#include "shell/WindowRegistry.h"
 #include "tests/support/GuiTestSupport.h"
+
+namespace {
+
+// The text of a PDF; empty when pdftotext fails.
+QString pdfText(const QString& path) {
+  QProcess p;
+  p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+  if (!p.waitForFinished(30000) || p.exitCode() != 0) return {};
+  return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+void doubleClickRow(HistoryListView* list, int row) {
+  list->setCurrentRow(row);  // scrolled into view
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualRowRect(row).center());
+}
+
+// A list widget takes a double click on the row its press went to.
+void doubleClickRow(QListWidget* list, int row) {
+  QListWidgetItem* item = list->item(row);
+  list->scrollToItem(item);
+  const QPoint at = list->visualItemRect(item).center();
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
+}
+
+}  // namespace
 
 class CalculatorWindowTest : public QObject {
   Q_OBJECT
@@ -42,7 +78,7 @@ class CalculatorWindowTest : public QObject {
     }
     QVERIFY(w.findChild<QPlainTextEdit*>(QStringLiteral("result")));
     QVERIFY(w.findChild<QLabel*>(QStringLiteral("Image3")));
-    QVERIFY(w.findChild<QListWidget*>(QStringLiteral("Combo1")));
+    QVERIFY(w.findChild<HistoryListView*>(QStringLiteral("Combo1")));
     for (int d = 0; d <= 9; ++d) QVERIFY(w.keyButton(QStringLiteral("Command1"), d));
     for (int i = 0; i <= 3; ++i) QVERIFY(w.keyButton(QStringLiteral("Command13"), i));
     QCOMPARE(shown(w), QStringLiteral("0"));
@@ -65,7 +101,7 @@ class CalculatorWindowTest : public QObject {
     QCOMPARE(shown(w), QStringLiteral("15"));
     QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(), QStringLiteral("15"));
     // The history panel and its status line follow the engine.
-    QCOMPARE(w.findChild<QListWidget*>(QStringLiteral("Combo1"))->count(), w.engine().Combo1.count());
+    QCOMPARE(w.findChild<HistoryListView*>(QStringLiteral("Combo1"))->count(), w.engine().Combo1.count());
     QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), QStringLiteral("="));
   }
 
@@ -208,6 +244,132 @@ class CalculatorWindowTest : public QObject {
     QCOMPARE(guiMessages().shown().size(), size_t{1});
     QCOMPARE(guiMessages().shown().front().kind, 5);
     QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(), QStringLiteral("05  (Base 8)"));
+  }
+
+  void memoriesRegistersAndListsAnswerTheMouse() {
+    program().Memories[2] = 7;
+    WriteRegister(0, 3.25, QStringLiteral("Rojo"));
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    auto* field = w.findChild<QLineEdit*>(QStringLiteral("m1(2)"));
+    QCOMPARE(field->text(), QStringLiteral("7"));
+    QTest::mouseDClick(field, Qt::LeftButton);
+    QCOMPARE(shown(w), QStringLiteral("7"));
+    QTest::keyClick(&w, Qt::Key_1, Qt::ShiftModifier);
+    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("m1(0)"))->text(), QStringLiteral("7"));
+    // A register written elsewhere shows in its key's tooltip at once.
+    QPushButton* r1 = w.keyButton(QStringLiteral("Command74"), 0);
+    QCOMPARE(r1->toolTip(), QStringLiteral("Rojo"));
+    WriteRegister(0, 1.5, QStringLiteral("Verde"));
+    QCOMPARE(r1->toolTip(), QStringLiteral("Verde"));
+    click(w, "Command74", 0);
+    QCOMPARE(shown(w), QStringLiteral("1.5"));
+
+    // The history panel key, and a number taken back from a history line.
+    auto* tabs = w.findChild<QTabWidget*>(QStringLiteral("panels"));
+    auto* history = w.findChild<HistoryListView*>(QStringLiteral("Combo1"));
+    click(w, "Command62");
+    QVERIFY(history->isVisible());
+    click(w, "Command62");
+    QVERIFY(!history->isVisible());
+    QTest::keyClicks(&w, QStringLiteral("20"));
+    click(w, "Command5", 1);
+    click(w, "Command62");
+    const int kelvin = static_cast<int>(w.engine().Combo1.lines().indexOf(QStringLiteral("293.15 Kelvin")));
+    QVERIFY(kelvin >= 0);
+    QTest::keyClicks(&w, QStringLiteral("4"));
+    doubleClickRow(history, kelvin);
+    QCOMPARE(shown(w), QStringLiteral("293.15"));
+    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), Res(4418));
+
+    // The viewer: a value taken from it, then its clear key shows and empties it.
+    w.engine().addViewerLine(QStringLiteral(":   X1 ="), QStringLiteral("-2.5e-01"));
+    w.refresh();
+    auto* viewer = w.findChild<QListWidget*>(QStringLiteral("List4"));
+    tabs->setCurrentWidget(w.findChild<QWidget*>(QStringLiteral("viewerPage")));
+    doubleClickRow(viewer, 0);
+    QCOMPARE(shown(w), QStringLiteral("-0.25"));
+    tabs->setCurrentIndex(0);
+    click(w, "Command64");
+    QVERIFY(viewer->isVisible());
+    QCOMPARE(viewer->count(), 0);
+  }
+
+  // A full list shows its last line, its bar is whole, and line 4001 starts
+  // a new list (the cost of a line is measured by calvix_history_bench).
+  void aFullHistoryShowsItsEndAndLine4001StartsAgain() {
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    for (int i = 0; i < 3998; ++i) w.engine().addHistoryValue(QString::number(i));
+    w.refresh();
+    auto* list = w.findChild<HistoryListView*>(QStringLiteral("Combo1"));
+    auto* bar = w.findChild<QWidget*>(QStringLiteral("Picture1"));
+    const auto barAt = [bar](double share) {
+      return bar->grab().toImage().pixelColor(static_cast<int>(share * bar->width()), bar->height() / 2);
+    };
+    QCOMPARE(barAt(0.5), QColor(Qt::red));
+    QCOMPARE(barAt(0.985), QColor(Qt::white));  // full only at 4000
+    click(w, "Command17");  // the answer line and the key's line
+    QCOMPARE(list->count(), 4000);
+    QCOMPARE(list->currentRow(), 3999);
+    QVERIFY(!list->visualRowRect(3999).isEmpty());
+    QCOMPARE(list->text(3999).trimmed(), Res(4572));
+    QCOMPARE(barAt(0.985), QColor(Qt::red));
+    QVERIFY(w.statusBar()->findChildren<QLabel*>().first()->text().startsWith(QStringLiteral("4000 ")));
+    click(w, "Command17");  // its line is the 4001st
+    QCOMPARE(list->count(), 1);
+    QCOMPARE(list->text(0).trimmed(), Res(4572));
+    QVERIFY(!list->visualRowRect(0).isEmpty());
+    QCOMPARE(barAt(0.5), QColor(Qt::white));
+  }
+
+  void historyPrintsToPdfWithNumberedLines() {
+    QTemporaryDir dir;
+    const QString pdf = dir.filePath(QStringLiteral("history.pdf"));
+    PrinterPresenter printer;
+    printer.setPdfOutput(pdf);
+    setPrintPresenter(&printer);
+    CalculatorWindow w;
+    QTest::keyClicks(&w, QStringLiteral("2+3="));
+    QTest::mouseClick(w.findChild<QPushButton*>(QStringLiteral("registros")), Qt::LeftButton);
+    setPrintPresenter(nullptr);
+    QVERIFY(guiMessages().shown().empty());
+    const QString text = pdfText(pdf).simplified();
+    QVERIFY2(!text.isEmpty(), "pdftotext read nothing");
+    QVERIFY(text.contains(Res(4104)));
+    QVERIFY2(text.contains(QStringLiteral("0003 +")), qPrintable(text));
+    QVERIFY2(text.contains(QStringLiteral("0005 5 .... 5")), qPrintable(text));
+    QVERIFY(text.contains(QStringLiteral("Calvix Premium - VelozCalc.")));
+  }
+
+  void largeDisplayOpensAboveFollowsAndChangesFace() {
+    clearWindowRegistry();
+    registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    auto* chameleon = w.findChild<QPushButton*>(QStringLiteral("chameleonButton1"));
+    QTest::mouseClick(chameleon, Qt::RightButton);  // nothing to change while closed
+    QVERIFY(!findWindow(WindowId::ExtendedDisplay));
+    QTest::mouseClick(chameleon, Qt::LeftButton);
+    auto* display = qobject_cast<ExtendedDisplayWindow*>(findWindow(WindowId::ExtendedDisplay));
+    QVERIFY(display && display->isVisible());
+    QCOMPARE(display->windowTitle(), QStringLiteral("1"));
+    QVERIFY(display->frameGeometry().bottom() < w.frameGeometry().top());
+    QTest::keyClicks(&w, QStringLiteral("12*3="));
+    QCOMPARE(display->Text1->text(), QStringLiteral("36"));
+    QCOMPARE(display->Text2->toPlainText(), QStringLiteral("36"));
+    QTest::mouseClick(chameleon, Qt::RightButton);
+    QVERIFY(display->lcdFont());
+    QCOMPARE(display->Text1->font().family(), ExtendedDisplayWindow::lcdFamily());
+    QTest::mouseClick(chameleon, Qt::RightButton);
+    QVERIFY(!display->lcdFont());
+    QTest::mouseClick(chameleon, Qt::LeftButton);
+    QVERIFY(!display->isVisible());
+    delete display;
+    clearWindowRegistry();
   }
 };
 

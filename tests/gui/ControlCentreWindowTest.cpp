@@ -1,8 +1,10 @@
 // The control centre's window: it opens, runs its start order around the
 // first paint, shows the counter, offers only the modules that exist, opens
-// the calculator, and on closing unloads the other windows.
+// the calculator, and on closing unloads the other windows. What the
+// calculator keeps (memories, registers) outlives a quit and a restart.
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -12,6 +14,7 @@
 #include "shell/PictureHolderView.h"
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"
+#include "shell/Registers.h"
 #include "shell/Settings.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
@@ -105,6 +108,46 @@ class ControlCentreWindowTest : public QObject {
     w->close();
     QTRY_VERIFY(!findWindow(WindowId::ScientificCalculator));
     QCOMPARE(system_.calls.filter(QStringLiteral("removeFont")).size(), 3);
+  }
+
+  // Three runs of the program: the first fills a memory from the keys and a
+  // register as another module would, the second finds both and changes the
+  // memory, the third finds the change.
+  void memoriesAndRegistersSurviveAQuitAndRestart() {
+    auto run = [this](const std::function<void(CalculatorWindow&)>& use) {
+      clearSettings(program());  // a new process starts from nothing
+      ControlCentreWindow* centre = openCentre();
+      QTest::mouseClick(centre->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
+      auto* calc = qobject_cast<CalculatorWindow*>(findWindow(WindowId::ScientificCalculator));
+      QVERIFY(calc);
+      use(*calc);
+      centre->close();
+      QTRY_VERIFY(!findWindow(WindowId::ScientificCalculator));
+    };
+    auto press = [](CalculatorWindow& calc, const char* control, int index) {
+      QTest::mouseClick(calc.keyButton(QString::fromLatin1(control), index), Qt::LeftButton);
+    };
+    auto memoryField = [](CalculatorWindow& calc, int i) {
+      return calc.findChild<QLineEdit*>(QStringLiteral("m1(%1)").arg(i))->text();
+    };
+    run([&](CalculatorWindow& calc) {
+      QCOMPARE(memoryField(calc, 0), QStringLiteral("0"));
+      QTest::keyClicks(calc.keyButton(QStringLiteral("Command19")), QStringLiteral("2.5"));
+      press(calc, "Command28", 0);
+      WriteRegister(1, 42.5, QStringLiteral("Área del círculo"));
+    });
+    run([&](CalculatorWindow& calc) {
+      QCOMPARE(memoryField(calc, 0), QStringLiteral("2.5"));
+      QCOMPARE(calc.keyButton(QStringLiteral("Command74"), 1)->toolTip(), QStringLiteral("Área del círculo"));
+      press(calc, "Command74", 1);
+      QCOMPARE(calc.findChild<QLineEdit*>(QStringLiteral("numero"))->text(), QStringLiteral("42.5"));
+      press(calc, "Command28", 0);
+    });
+    run([&](CalculatorWindow& calc) {
+      QCOMPARE(memoryField(calc, 0), QStringLiteral("45"));
+      QCOMPARE(RegisterValue(1), 42.5);
+    });
+    QCOMPARE(program().Memories[0], 45.0);
   }
 };
 
