@@ -22,8 +22,13 @@ void OpenCalculator() {
   if (calc && program().ExtendedDisplay) {
     if (QWidget* display = OpenWindow(WindowId::ExtendedDisplay)) {
       display->setWindowTitle(QStringLiteral("1"));
-      ArrangeSideBySide(calc, display, 0);
-      ExtendedDisplayRefresh(calc, kExtendedDisplayMargin);
+      ExtendedDisplayRefresh(calc, kExtendedDisplayMargin);  // sized to the calculator first
+      // Side by side where the pair fits the screen; stacked otherwise, so
+      // that neither window runs off a 1280-wide screen.
+      QScreen* screen = calc->screen() ? calc->screen() : QGuiApplication::primaryScreen();
+      const int room = screen ? screen->availableGeometry().width() : 1280;
+      const bool fits = calc->frameGeometry().width() + display->frameGeometry().width() <= room;
+      ArrangeSideBySide(calc, display, fits ? 0 : 1);
     }
   }
 }
