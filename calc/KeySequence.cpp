@@ -58,6 +58,12 @@ bool parseToken(const QString& token, QList<KeyStep>& steps, QString& error) {
       steps << step;
       return true;
     }
+    for (const MenuItem& item : calculatorMenuItems()) {
+      if (m.captured(1) == QString::fromUtf8(item.control)) {
+        error = QStringLiteral("the menu %1 has no item %2").arg(m.captured(1), m.captured(2));
+        return false;
+      }
+    }
   }
   static const QRegularExpression control(QStringLiteral("^(Command\\d+)(?:\\((\\d+)\\))?$"));
   if (const auto m = control.match(token); m.hasMatch()) {
