@@ -27,6 +27,7 @@
 #include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
+#include "shell/NumberText.h"
 #include "shell/PictureHolderView.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
@@ -148,6 +149,7 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   resize(1160, 560);
+  setProperty("screenshotStates", QStringList{QStringLiteral("statistics")});
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -522,6 +524,19 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
   v->addWidget(buildKeyGrid(KeypadPanel::Statistics, page));
   engine_.fileDialog = [this](const CalculatorEngine::FileDialogRequest& r) { return askFileName(r); };
   return page;
+}
+
+void CalculatorWindow::showScreenshotState(const QString& state) {
+  if (state != QLatin1String("statistics")) return;
+  const double x[] = {1.5, 2.25, 3, 4.75, 5.5, 7, 8.25, 9.5, 11, 12.5, 14, 15.25};
+  for (double v : x) {
+    engine_.numero = rt::NumberToText(v);
+    engine_.Command76_Click(0);
+    engine_.numero = rt::NumberToText(2.1 * v + 0.4);
+    engine_.Command76_Click(1);
+  }
+  engine_.Command16_Click(4);
+  afterEvent();
 }
 
 QString CalculatorWindow::askFileName(const CalculatorEngine::FileDialogRequest& r) {

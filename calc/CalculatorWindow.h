@@ -44,6 +44,10 @@ class CalculatorWindow : public QMainWindow {
   // The button of a key ("Command13", 3), or nullptr.
   QPushButton* keyButton(const QString& control, int index = -1) const;
 
+ public Q_SLOTS:
+  // The screenshot tour's extra state: "statistics" shows the panel with data.
+  void showScreenshotState(const QString& state);
+
  protected:
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -40,7 +40,8 @@ StatisticsGridView::StatisticsGridView(int list, QWidget* parent)
   verticalHeader()->setVisible(false);
   verticalHeader()->setDefaultSectionSize(20);
   horizontalHeader()->setStretchLastSection(true);
-  setColumnWidth(0, 44);
+  setColumnWidth(0, 40);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
