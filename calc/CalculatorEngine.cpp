@@ -81,7 +81,9 @@ void CalculatorEngine::Form_Load() {
   writeCurrencyCaptions();
   loadMemories();
   writeRegisterTooltips();
+  // Linear again: the question about discarded pairs comes back.
   regType = 0;
+  p.stats.regAskedOnce = 0;
   regTypeNames = {Res(4201), Res(4202), Res(4203)};
 }
 
