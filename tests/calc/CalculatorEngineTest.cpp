@@ -105,10 +105,7 @@ const KeyCase kCases[] = {
     {"BackToDecimal", "Command22 Command22 5", "5"},
 };
 
-struct KeyRun {
-  KeyCase row;
-  bool comma;
-};
+using KeyRun = SeparatorRun<KeyCase>;
 
 class CalculatorKeys : public CalvixTest, public ::testing::WithParamInterface<KeyRun> {};
 
@@ -137,19 +134,8 @@ TEST_P(CalculatorKeys, DisplayAfterSequence) {
   }
 }
 
-std::vector<KeyRun> allRuns() {
-  std::vector<KeyRun> runs;
-  for (const KeyCase& c : kCases) {
-    runs.push_back({c, false});
-    runs.push_back({c, true});
-  }
-  return runs;
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, CalculatorKeys, ::testing::ValuesIn(allRuns()),
-                         [](const ::testing::TestParamInfo<KeyRun>& info) {
-                           return std::string(info.param.row.name) + (info.param.comma ? "_Comma" : "_Point");
-                         });
+INSTANTIATE_TEST_SUITE_P(Table, CalculatorKeys, ::testing::ValuesIn(onBothSeparators(kCases)),
+                         separatorRunName<KeyCase>);
 
 class CalculatorEngineTest : public CalvixTest {
  protected:

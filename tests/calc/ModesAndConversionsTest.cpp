@@ -119,10 +119,7 @@ const Row kRows[] = {
     {"FromBaseTenIsCode26", "19 Command92", "0", "<E26>", "10"},
 };
 
-struct KeyRun {
-  Row row;
-  bool comma;
-};
+using KeyRun = SeparatorRun<Row>;
 
 class ConversionKeys : public CalvixTest, public ::testing::WithParamInterface<KeyRun> {};
 
@@ -142,19 +139,8 @@ TEST_P(ConversionKeys, ShowTheExpectedTexts) {
   EXPECT_EQ(messages.shown().size(), run.row.answer ? 1U : 0U);
 }
 
-std::vector<KeyRun> allRuns() {
-  std::vector<KeyRun> runs;
-  for (const Row& r : kRows) {
-    runs.push_back({r, false});
-    runs.push_back({r, true});
-  }
-  return runs;
-}
-
-INSTANTIATE_TEST_SUITE_P(BothSeparators, ConversionKeys, ::testing::ValuesIn(allRuns()),
-                         [](const ::testing::TestParamInfo<KeyRun>& info) {
-                           return std::string(info.param.row.name) + (info.param.comma ? "_comma" : "_point");
-                         });
+INSTANTIATE_TEST_SUITE_P(BothSeparators, ConversionKeys, ::testing::ValuesIn(onBothSeparators(kRows)),
+                         separatorRunName<Row>);
 
 // ---- Modes --------------------------------------------------------------------------
 

@@ -125,10 +125,7 @@ const Row kRows[] = {
     {"ConstantAsRightOperand", "2 * Command4(7) =", "19.6133"},
 };
 
-struct KeyRun {
-  Row row;
-  bool comma;
-};
+using KeyRun = SeparatorRun<Row>;
 
 class ScientificKeys : public CalvixTest, public ::testing::WithParamInterface<KeyRun> {};
 
@@ -145,19 +142,8 @@ TEST_P(ScientificKeys, ShowTheExpectedTexts) {
   EXPECT_TRUE(engine.hypFlag.isEmpty()) << "the hyperbolic switch outlived its key";
 }
 
-std::vector<KeyRun> allRuns() {
-  std::vector<KeyRun> runs;
-  for (const Row& r : kRows) {
-    runs.push_back({r, false});
-    runs.push_back({r, true});
-  }
-  return runs;
-}
-
-INSTANTIATE_TEST_SUITE_P(BothSeparators, ScientificKeys, ::testing::ValuesIn(allRuns()),
-                         [](const ::testing::TestParamInfo<KeyRun>& info) {
-                           return std::string(info.param.row.name) + (info.param.comma ? "_comma" : "_point");
-                         });
+INSTANTIATE_TEST_SUITE_P(BothSeparators, ScientificKeys, ::testing::ValuesIn(onBothSeparators(kRows)),
+                         separatorRunName<Row>);
 
 // ---- The functions against the C++ library ------------------------------------
 

@@ -9,18 +9,6 @@
 
 using namespace rt;
 
-namespace {
-template <typename F>
-int errorOf(F f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
-}  // namespace
-
 TEST(Numeric, SixteenBitConversionRoundsHalvesToEvenAndFailsOutOfRange) {
   EXPECT_EQ(CInt(2.5), 2);
   EXPECT_EQ(CInt(3.5), 4);

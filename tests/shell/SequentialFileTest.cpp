@@ -11,17 +11,6 @@ using namespace rt;
 
 class SequentialFile : public CalvixTest {};
 
-namespace {
-template <typename F>
-int errorOf(F f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
-}  // namespace
 
 TEST_F(SequentialFile, WriteFormOfEveryValueType) {
   useComma();  // the file form never depends on the system's separator

@@ -9,15 +9,6 @@
 using namespace rt;
 
 namespace {
-template <typename F>
-int errorOf(F f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
 Variant I(std::int16_t v) { return Variant::integer(v); }
 Variant L(std::int32_t v) { return Variant::longValue(v); }
 }  // namespace

@@ -5,9 +5,12 @@
 
 #include <QLocale>
 #include <QTemporaryDir>
+#include <string>
+#include <vector>
 
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
+#include "shell/RuntimeError.h"
 
 // Readable QString values in failure messages.
 inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
@@ -42,3 +45,37 @@ struct CliRun {
   int exitCode = -1;
 };
 CliRun runCli(const QStringList& args);
+
+// The classic error number a call fails with, or 0 when it does not fail.
+template <typename F>
+int errorOf(F f) {
+  try {
+    f();
+  } catch (const rt::RuntimeError& e) {
+    return e.number();
+  }
+  return 0;
+}
+
+// Table-driven key tests run every row twice: on a "." system and on a "," system.
+template <typename Row>
+struct SeparatorRun {
+  Row row;
+  bool comma;
+};
+
+template <typename Row, std::size_t N>
+std::vector<SeparatorRun<Row>> onBothSeparators(const Row (&rows)[N]) {
+  std::vector<SeparatorRun<Row>> runs;
+  for (const Row& r : rows) {
+    runs.push_back({r, false});
+    runs.push_back({r, true});
+  }
+  return runs;
+}
+
+// Test name of a run: the row's name and the separator it ran with.
+template <typename Row>
+std::string separatorRunName(const ::testing::TestParamInfo<SeparatorRun<Row>>& info) {
+  return std::string(info.param.row.name) + (info.param.comma ? "_comma" : "_point");
+}
