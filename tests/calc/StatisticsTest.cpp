@@ -94,8 +94,7 @@ const MeasureRow kMeasureRows[] = {
     {"MaxMinShowsBothAndKeepsTheMaximum", "7 Y 3 Y 1.5< Y Command2(6)", "7 (Max)\n-1.5 (Min)", "7"},
 };
 
-class StatisticsMeasureKeys : public StatisticsTest,
-                              public ::testing::WithParamInterface<std::tuple<MeasureRow, bool>> {};
+class StatisticsMeasureKeys : public StatisticsTest, public ::testing::WithParamInterface<SeparatorRun<MeasureRow>> {};
 
 TEST_P(StatisticsMeasureKeys, ShowTheAnswer) {
   const auto& [row, comma] = GetParam();
@@ -112,12 +111,8 @@ TEST_P(StatisticsMeasureKeys, ShowTheAnswer) {
   EXPECT_TRUE(e.Combo1.lines().contains(e.numero.text()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, StatisticsMeasureKeys,
-                         ::testing::Combine(::testing::ValuesIn(kMeasureRows), ::testing::Bool()),
-                         [](const auto& info) {
-                           return std::string(std::get<0>(info.param).name) +
-                                  (std::get<1>(info.param) ? "Comma" : "Point");
-                         });
+INSTANTIATE_TEST_SUITE_P(Rows, StatisticsMeasureKeys, ::testing::ValuesIn(onBothSeparators(kMeasureRows)),
+                         separatorRunName<MeasureRow>);
 
 TEST_F(StatisticsTest, MeasureFailures) {
   keys(e, "Command2(2)");  // no Y data
