@@ -19,6 +19,13 @@ double quotient(double a, double b) {
   return rt::checkFinite(a / b);
 }
 
+// sumX2 - sum²/n of equal data can come out a few units of the last digit
+// below zero; that is a spread of 0, not a failure. A clearly negative value
+// (digits lost to a large offset) still fails in the root.
+double spread(double sum2, double value) {
+  return value < 0 && -value <= 1e-12 * sum2 ? 0.0 : value;
+}
+
 double powerOf(double a, double b) { return rt::power(rt::Variant::dbl(a), rt::Variant::dbl(b)).toDouble(); }
 
 }  // namespace
@@ -143,8 +150,8 @@ double StatisticsStore::measure(int list, Measure m) const {
       for (int i = 1; i <= count(list); ++i) product = rt::checkFinite(product * at(list, i));
       return powerOf(rt::Abs(product), quotient(1, n));
     }
-    case Measure::DeviationN: return rt::Sqr(quotient(sum2 - sum * sum / n, n));
-    case Measure::DeviationN1: return rt::Sqr(quotient(sum2 - quotient(sum * sum, n), n - 1));
+    case Measure::DeviationN: return rt::Sqr(quotient(spread(sum2, sum2 - sum * sum / n), n));
+    case Measure::DeviationN1: return rt::Sqr(quotient(spread(sum2, sum2 - quotient(sum * sum, n)), n - 1));
     case Measure::MaxMin: {
       double max = 0, min = 0;
       extremes(list, max, min);

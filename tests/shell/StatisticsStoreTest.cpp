@@ -131,6 +131,13 @@ TEST_P(StatisticsMeasures, AgreeWithTwoPass) {
 
 INSTANTIATE_TEST_SUITE_P(Sizes, StatisticsMeasures, ::testing::Values(1, 2, 10, 6000));
 
+TEST_F(StatisticsStoreTest, EqualDataHaveNoSpreadDespiteRounding) {
+  fill(s, 0, {0.1, 0.1, 0.1});
+  ASSERT_LT(s.sumX2 - s.sumX * s.sumX / 3, 0);  // the rounding this is about
+  EXPECT_EQ(s.measure(0, Measure::DeviationN), 0);
+  EXPECT_EQ(s.measure(0, Measure::DeviationN1), 0);
+}
+
 TEST_F(StatisticsStoreTest, GeometricMeanTakesTheProductsSizeAndOverflowFails) {
   fill(s, 0, {-2, 8});
   EXPECT_DOUBLE_EQ(s.measure(0, Measure::GeometricMean), 4);  // |-16|^(1/2)
