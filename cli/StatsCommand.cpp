@@ -10,8 +10,10 @@
 // mean and deviation of X with Y as frequencies, a, b, r² and the pairs kept.
 // A measure that fails shows the calculator's error text in its place. The
 // question about discarded pairs takes the next --answer (0 yes, 1 no).
-// Plain output: one "name<TAB>value" line each; --json: one object.
+// Plain output: one "group.name<TAB>value" line each (groups X, Y, pairs,
+// regression); --json: an object of the same groups.
 #include <QJsonObject>
+#include <QJsonValue>
 #include <functional>
 
 #include "calc/CalculatorEngine.h"
@@ -40,29 +42,30 @@ Answer attempt(const std::function<double()>& compute) {
   }
 }
 
+// "group.name<TAB>value" lines, or {"group": {"name": value}} in JSON.
 class Output {
  public:
   explicit Output(CliContext& ctx) : ctx_(ctx) {}
   void add(const QString& name, const Answer& a) {
-    if (ctx_.jsonOutput) {
-      if (a.error.isEmpty()) ctx_.json.insert(name, a.value);
-      else ctx_.json.insert(name, a.error);
-      return;
-    }
-    QString text = a.error.isEmpty() ? rt::NumberToText(a.value) : a.error;
-    text.replace(QLatin1Char('\n'), QLatin1String("\\n"));
-    ctx_.out << name << '\t' << text << '\n';
+    if (a.error.isEmpty()) put(name, a.value, rt::NumberToText(a.value));
+    else put(name, a.error, a.error);
   }
-  void addText(const QString& name, const QString& text) {
-    if (ctx_.jsonOutput) ctx_.json.insert(name, text);
-    else ctx_.out << name << '\t' << text << '\n';
-  }
-  void addCount(const QString& name, int n) {
-    if (ctx_.jsonOutput) ctx_.json.insert(name, n);
-    else ctx_.out << name << '\t' << n << '\n';
-  }
+  void addText(const QString& name, const QString& text) { put(name, text, text); }
+  void addCount(const QString& name, int n) { put(name, n, QString::number(n)); }
 
  private:
+  void put(const QString& name, const QJsonValue& value, QString text) {
+    if (!ctx_.jsonOutput) {
+      text.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+      ctx_.out << name << '\t' << text << '\n';
+      return;
+    }
+    const QString group = name.section(QLatin1Char('.'), 0, 0);
+    QJsonObject inner = ctx_.json.value(group).toObject();
+    inner.insert(name.section(QLatin1Char('.'), 1), value);
+    ctx_.json.insert(group, inner);
+  }
+
   CliContext& ctx_;
 };
 
@@ -89,20 +92,20 @@ void pairMeasures(Output& o, int type) {
   static const int kTypeNames[] = {4201, 4202, 4203};
   o.addText(QStringLiteral("regression.type"), Res(kTypeNames[type]));
   if (s.nx != s.ny || s.nx < 1) {
-    o.addText(QStringLiteral("pairs"), ErrorText(s.nx != s.ny ? 5 : 16));
+    o.addText(QStringLiteral("pairs.error"), ErrorText(s.nx != s.ny ? 5 : 16));
     return;
   }
-  o.add(QStringLiteral("population"), {s.sumY, {}});
-  o.add(QStringLiteral("sumXY"), {s.sumXY, {}});
+  o.add(QStringLiteral("pairs.population"), {s.sumY, {}});
+  o.add(QStringLiteral("pairs.sumXY"), {s.sumXY, {}});
   const RegressionResult r = RegressionPass(s.X.data(), s.Y.data(), s.nx, static_cast<RegressionType>(type),
                                             s.regAskedOnce, s.regAbort, Res(4007));
   if (r.code != 0) {
-    o.addText(QStringLiteral("regression"), ErrorText(r.code));
+    o.addText(QStringLiteral("regression.error"), ErrorText(r.code));
     return;
   }
   const Answer noFrequencies{0, ErrorText(53)};
-  o.add(QStringLiteral("meanFreq"), r.freqValid ? Answer{r.meanFreq, {}} : noFrequencies);
-  o.add(QStringLiteral("stdFreq"), r.freqValid ? Answer{r.stdFreq, {}} : noFrequencies);
+  o.add(QStringLiteral("pairs.meanFreq"), r.freqValid ? Answer{r.meanFreq, {}} : noFrequencies);
+  o.add(QStringLiteral("pairs.stdFreq"), r.freqValid ? Answer{r.stdFreq, {}} : noFrequencies);
   o.add(QStringLiteral("regression.a"), {r.a, {}});
   o.add(QStringLiteral("regression.b"), {r.b, {}});
   o.add(QStringLiteral("regression.r2"), {r.r2, {}});
