@@ -1,6 +1,7 @@
 #include "calc/StatisticsFile.h"
 
 #include <charconv>
+#include <cmath>
 
 #include "shell/NumberText.h"
 #include "shell/RuntimeError.h"
@@ -36,8 +37,9 @@ DatRead readDat(const QByteArray& bytes, DatContents& out) {
     const double nx = head.readDouble();
     const double ny = head.readDouble();
     if (!head.atEnd()) return DatRead::Damaged;
-    if (nx != static_cast<int>(nx) || ny != static_cast<int>(ny) || nx < 0 || ny < 0) return DatRead::Damaged;
+    if (!(nx >= 0 && ny >= 0)) return DatRead::Damaged;
     if (nx > StatisticsStore::kMaxData || ny > StatisticsStore::kMaxData) return DatRead::TooMany;
+    if (nx != std::floor(nx) || ny != std::floor(ny)) return DatRead::Damaged;
     rt::SequentialReader body(bytes.mid(eol + 1));
     in.x.reserve(static_cast<std::size_t>(nx));
     in.y.reserve(static_cast<std::size_t>(ny));

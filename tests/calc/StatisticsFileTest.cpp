@@ -84,6 +84,7 @@ TEST_F(StatisticsFileTest, CountsAbove6000AreRefused) {
   EXPECT_EQ(readDat(bytes, out), DatRead::TooMany);
   EXPECT_TRUE(out.x.empty());
   EXPECT_EQ(readDat("0,7000\r\n", out), DatRead::TooMany);
+  EXPECT_EQ(readDat("1E+300,0\r\n", out), DatRead::TooMany);
 }
 
 // Rows to the longer list; a spreadsheet splits at the separator and reads
