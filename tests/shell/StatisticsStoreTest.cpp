@@ -239,25 +239,6 @@ TEST_P(RegressionModels, AgreeWithTwoPassLeastSquares) {
 INSTANTIATE_TEST_SUITE_P(TypesAndSizes, RegressionModels,
                          ::testing::Combine(::testing::Values(0, 1, 2), ::testing::Values(2, 10, 6000)));
 
-TEST_F(StatisticsStoreTest, PotentialWithAZeroXAsksOnceAndKeepsTheRest) {
-  fill(s, 0, {1, 0, 2, 4, -1});
-  fill(s, 1, {3, 5, 3 * std::sqrt(8.0), 24, 7});
-  messages.queueButton(0);  // yes, go on
-  RegressionResult r = RegressionPass(s.X.data(), s.Y.data(), 5, RegressionType::Potential, s.regAskedOnce, s.regAbort);
-  ASSERT_EQ(messages.shown().size(), 1u);
-  EXPECT_EQ(messages.shown()[0].text, ErrorText(51));
-  EXPECT_EQ(r.code, 0);
-  EXPECT_EQ(r.used, 3);
-  EXPECT_NEAR(r.a, 1.5, 1e-12);
-  EXPECT_NEAR(r.b, 3, 1e-12);
-  EXPECT_NEAR(r.r2, 1, 1e-12);
-  EXPECT_EQ(s.regAskedOnce, 1);
-  // The next pass does not ask again.
-  r = RegressionPass(s.X.data(), s.Y.data(), 5, RegressionType::Potential, s.regAskedOnce, s.regAbort);
-  EXPECT_EQ(messages.shown().size(), 1u);
-  EXPECT_EQ(r.used, 3);
-}
-
 TEST_F(StatisticsStoreTest, DeclinedBadPairsAbortTheWholePass) {
   fill(s, 0, {1, 2, 3});
   fill(s, 1, {1, -2, 3});
