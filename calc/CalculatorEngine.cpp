@@ -5,6 +5,7 @@
 
 #include "calc/CalculatorKeyMap.h"
 #include "calc/CalculatorKeypad.h"
+#include "calc/CalculatorMenus.h"
 #include "shell/ErrorReport.h"
 #include "shell/Format.h"
 #include "shell/NumberText.h"
@@ -80,6 +81,10 @@ void CalculatorEngine::Form_Load() {
   writeCurrencyCaptions();
   loadMemories();
   writeRegisterTooltips();
+  // Linear again: the question about discarded pairs comes back.
+  regType = 0;
+  p.stats.regAskedOnce = 0;
+  regTypeNames = {Res(4201), Res(4202), Res(4203)};
 }
 
 void CalculatorEngine::Form_Activate() {
@@ -89,7 +94,10 @@ void CalculatorEngine::Form_Activate() {
   writeRegisterTooltips();
 }
 
-void CalculatorEngine::Form_Unload() { program().helpCursor = false; }
+void CalculatorEngine::Form_Unload() {
+  program().helpCursor = false;
+  program().stats.clearAll();
+}
 
 QString CalculatorEngine::historyStatus() const {
   return QString::number(Combo1.count()) + QLatin1Char(' ') + Res(4586);
@@ -422,10 +430,15 @@ void CalculatorEngine::unexpectedFailure() {
 // ---- Entry points ------------------------------------------------------------------------
 
 bool CalculatorEngine::click(const QString& control, int index) {
-  const KeypadKey* key = findKey(control, index);
-  if (!key) return false;
-  key->press(*this, index);
-  return true;
+  if (const KeypadKey* key = findKey(control, index)) {
+    key->press(*this, index);
+    return true;
+  }
+  if (const MenuItem* item = findMenuItem(control, index)) {
+    item->press(*this, index);
+    return true;
+  }
+  return false;
 }
 
 bool CalculatorEngine::keyPress(QChar c) {

@@ -25,6 +25,12 @@
 //    intermodular registers (shell/Registers.h), the history Combo1 with
 //    its line rules, the auxiliary viewer List3/List4, taking a number back
 //    from either list (calc/ListNumber.h) and their two printouts.
+//  - Statistics.cpp holds the statistics keys over the program-wide store
+//    (shell/StatisticsStore.h): entry X and Y, the measures, the pair keys
+//    and estimates through the shared regression pass, deleting, replacing,
+//    sorting and erasing data, the *.dat files, the CSV export and the data
+//    printout. CalculatorMenus.h lists the menu items the view and calvix-cli
+//    reach by name.
 //  - CalculatorKeypad.h holds the table of keys (caption, tooltip, place,
 //    handler) and CalculatorKeyMap.h the keyboard map; click(), keyPress() and
 //    keyDown() are the entry points the window and calvix-cli share.
@@ -105,6 +111,31 @@ class CalculatorEngine {
   bool historyPanelVisible = false;  // Command62 opens or closes the history panel
   bool viewerPanelRequested = false;  // Command64 asks the view to show the viewer
 
+  // ---- Statistics panel --------------------------------------------------------
+  std::int16_t regType = 0;  // 0 linear, 1 potential, 2 exponential
+  std::array<QString, 3> regTypeNames;  // "Lineal", ... as the history shows them
+  // The selected row of each grid MSFlexGrid1(0) (X) and (1) (Y), 0 for none,
+  // and the grid that has the focus.
+  std::array<int, 2> MSFlexGrid1Row{0, 0};
+  int activeGrid = 0;
+  bool statisticsPanelRequested = false;  // Text3: show the statistics panel
+  bool gridsSwapped = false;              // Command23: the X and Y panels trade places
+  std::array<bool, 2> scrollToLast{false, false};  // a grid should show its last row
+  QString menuRequest;  // a menu a key opens: "TipoRegresion" or "MnuClrSTD"
+  // "n = 12": the counts beside the grids.
+  QString numnx() const;
+  QString numny() const;
+
+  // A file dialog as the window shows it; the answer is the chosen path,
+  // empty when cancelled. Unset: every dialog is cancelled.
+  struct FileDialogRequest {
+    QString title;
+    QString filter;  // "description|*.dat|"
+    QString folder;
+    bool save = false;
+  };
+  std::function<QString(const FileDialogRequest&)> fileDialog;
+
   // ---- Window events -------------------------------------------------------
   void Form_Load();
   void Form_Activate();
@@ -182,6 +213,33 @@ class CalculatorEngine {
   PrintDocument historyDocument() const;
   PrintDocument viewerDocument() const;
 
+  // ---- Statistics (Statistics.cpp) -----------------------------------------------
+  void Command76_Click(int index);  // enter numero as X (0) or Y (1)
+  void Command15_Click(int index);  // measures of X: sums, means, deviations, max/min
+  void Command2_Click(int index);   // the same for Y
+  void Command16_Click(int index);  // pairs: population, Sum XY, mean and deviation with frequencies, a, b, r²
+  void Command84_Click(int index);  // estimate of X (0) or Y (1) from numero
+  void Command78_Click();           // opens the menu TipoRegresion
+  void Regresion_Click(int index);  // regression type
+  void Command3_Click(int index);   // deletes the selected datum of X or Y
+  void Command23_Click();           // exchanges the panels of X and Y
+  void Command82_Click();           // opens the menu MnuClrSTD
+  void MnuClrSTD_Click(int index);  // erases X, Y, both
+  void changecell_Click();          // replaces the selected datum by numero
+  void borracell_Click();           // deletes the selected datum
+  void ordenaEstad_Click(int index);  // sorts ascending (0), descending (1)
+  void abrirest_Click();            // opens a *.dat file
+  void guardarest_Click();          // saves a *.dat file
+  void exporcsv_Click();            // exports the data as CSV
+  void estadistica_Click();         // prints the data table (menu estadística)
+  // Selects a row of a grid (1-based; the grid becomes the active one).
+  void selectCell(int grid, int row);
+  // Reads a *.dat file into the store, replaying the entry of each datum;
+  // a damaged file or one over the limit is refused and the store kept.
+  // False when refused.
+  bool loadStatisticsFile(const QString& path);
+  PrintDocument statisticsDocument() const;
+
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear
   // key runs (the pending operator is lost).
@@ -249,6 +307,15 @@ class CalculatorEngine {
   // The base asked in the input box; 0 when the box was cancelled, -1 when
   // the answer is not a base (code 26 reported).
   int askBase(int textId, int tooltipId);
+
+  void enterDatum(int list, double v);
+  void measureKey(int list, int index);
+  bool pairKeyAllowed();
+  // The regression pass over the store; false (failure shown) when it gave
+  // up, or when the mean and deviation with frequencies are needed and the
+  // Y sum to 0.
+  bool runRegression(bool needFrequencies);
+  QString statisticsFolder() const;
 
   HistoryPadding padding_;
 };

@@ -150,6 +150,35 @@ void addMemoryKeys(QList<KeypadKey>& keys) {
               4791);
 }
 
+// The statistics panel, seven columns:
+//   ΣX    ΣX²   x̄     x̄g    σn    σn-1  Max/Min     (X)
+//   ΣY    ΣY²   ȳ     ȳg    σn    σn-1  Max/Min     (Y)
+//   n     Σxy   x̄f    σf    a     b     r²
+//   X     Y     x'    y'    Reg   Clr   X⇄Y
+//   DelX  DelY
+void addStatisticsKeys(QList<KeypadKey>& keys) {
+  constexpr auto S = KeypadPanel::Statistics;
+  static const char* const kX[] = {"\xCE\xA3x", "\xCE\xA3x\xC2\xB2", "x\xCC\x84", "x\xCC\x84g", "\xCF\x83n",
+                                   "\xCF\x83n-1", "Max"};
+  static const char* const kY[] = {"\xCE\xA3y", "\xCE\xA3y\xC2\xB2", "y\xCC\x84", "y\xCC\x84g", "\xCF\x83n",
+                                   "\xCF\x83n-1", "Max"};
+  static const char* const kPairs[] = {"n", "\xCE\xA3xy", "x\xCC\x84" "f", "\xCF\x83" "f", "a", "b", "r\xC2\xB2"};
+  for (int i = 0; i < 7; ++i) {
+    keys << key("Command15", i, kX[i], 4190, S, 0, i, [](E& e, int n) { e.Command15_Click(n); })
+         << key("Command2", i, kY[i], 4191, S, 1, i, [](E& e, int n) { e.Command2_Click(n); })
+         << key("Command16", i, kPairs[i], 4193, S, 2, i, [](E& e, int n) { e.Command16_Click(n); });
+  }
+  keys << key("Command76", 0, "X", 4194, S, 3, 0, [](E& e, int n) { e.Command76_Click(n); })
+       << key("Command76", 1, "Y", 4194, S, 3, 1, [](E& e, int n) { e.Command76_Click(n); })
+       << key("Command84", 0, "x'", 4206, S, 3, 2, [](E& e, int n) { e.Command84_Click(n); })
+       << key("Command84", 1, "y'", 4206, S, 3, 3, [](E& e, int n) { e.Command84_Click(n); })
+       << key("Command78", -1, "Reg", 4571, S, 3, 4, [](E& e, int) { e.Command78_Click(); })
+       << key("Command82", -1, "Clr", 4566, S, 3, 5, [](E& e, int) { e.Command82_Click(); })
+       << key("Command23", -1, "X\xE2\x87\x84Y", 4195, S, 3, 6, [](E& e, int) { e.Command23_Click(); })
+       << key("Command3", 0, "Del X", 4574, S, 4, 0, [](E& e, int n) { e.Command3_Click(n); }, 2)
+       << key("Command3", 1, "Del Y", 4574, S, 4, 2, [](E& e, int n) { e.Command3_Click(n); }, 2);
+}
+
 QList<KeypadKey> buildKeys() {
   QList<KeypadKey> keys;
   addMainKeys(keys);
@@ -157,6 +186,7 @@ QList<KeypadKey> buildKeys() {
   addConversionKeys(keys);
   addConstantKeys(keys);
   addMemoryKeys(keys);
+  addStatisticsKeys(keys);
   return keys;
 }
 

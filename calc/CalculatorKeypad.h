@@ -21,6 +21,7 @@ enum class KeypadPanel {
   Registers,    // recall of R1 to R4, and the history panel key
   HistoryTools, // under the history list
   ViewerTools,  // under the auxiliary viewer
+  Statistics,   // the statistics panel, under its two grids
 };
 
 struct KeypadKey {

@@ -1,6 +1,9 @@
 #include "calc/CalculatorWindow.h"
 
 #include <QCloseEvent>
+#include <QFileDialog>
+#include <QMenu>
+#include <QToolButton>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -19,9 +22,12 @@
 #include <QVBoxLayout>
 
 #include "calc/CalculatorKeypad.h"
+#include "calc/CalculatorMenus.h"
 #include "calc/HistoryListView.h"
+#include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
+#include "shell/NumberText.h"
 #include "shell/PictureHolderView.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
@@ -143,6 +149,7 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   resize(1160, 560);
+  setProperty("screenshotStates", QStringList{QStringLiteral("statistics")});
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -342,6 +349,8 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_->addTab(conversionsPage_, Res(4775));
   viewerPage_ = buildViewerPage();
   panels_->addTab(viewerPage_, Res(4543));
+  statisticsPage_ = buildStatisticsPage();
+  panels_->addTab(statisticsPage_, Res(4207));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -432,6 +441,143 @@ QWidget* CalculatorWindow::buildViewerPage() {
   return page;
 }
 
+QMenu* CalculatorWindow::buildMenu(const char* name, QWidget* parent) {
+  auto* menu = new QMenu(parent);
+  menu->setObjectName(QString::fromLatin1(name));
+  for (const MenuItem* item : menuItems(name)) {
+    QAction* action = menu->addAction(menuCaption(*item));
+    const QString control = QString::fromUtf8(item->control);
+    action->setObjectName(item->index < 0 ? control : control + QStringLiteral("(%1)").arg(item->index));
+    action->setCheckable(QLatin1String(name) == QLatin1String("TipoRegresion"));
+    const int index = item->index;
+    connect(action, &QAction::triggered, this, [this, control, index] {
+      engine_.click(control, index);
+      afterEvent();
+    });
+  }
+  menus_.insert(QString::fromLatin1(name), menu);
+  return menu;
+}
+
+// The statistics panel: the X and Y grids with their counts side by side
+// (Command23 swaps them), the file and sort menus, and the keys.
+QWidget* CalculatorWindow::buildStatisticsPage() {
+  auto* page = new QWidget(this);
+  page->setObjectName(QStringLiteral("statisticsPage"));
+  auto* v = new QVBoxLayout(page);
+  v->setContentsMargins(4, 4, 4, 4);
+  v->setSpacing(4);
+  gridsRow_ = new QHBoxLayout;
+  gridsRow_->setSpacing(4);
+  for (int list = 0; list < 2; ++list) {
+    auto* column = new QWidget(page);
+    auto* c = new QVBoxLayout(column);
+    c->setContentsMargins(0, 0, 0, 0);
+    c->setSpacing(2);
+    auto* count = new QLabel(column);
+    count->setObjectName(list == 0 ? QStringLiteral("numnx") : QStringLiteral("numny"));
+    (list == 0 ? numnx : numny) = count;
+    auto* grid = new StatisticsGridView(list, column);
+    grid->setFocusPolicy(Qt::NoFocus);
+    grid->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(grid, &StatisticsGridView::rowSelected, this, [this, list](int row) { engine_.selectCell(list, row); });
+    connect(grid, &QWidget::customContextMenuRequested, this, [this, grid, list](const QPoint& at) {
+      engine_.selectCell(list, grid->rowAt(at.y()) + 1);
+      afterEvent();
+      menus_.value(QStringLiteral("grid"))->popup(grid->viewport()->mapToGlobal(at));
+    });
+    MSFlexGrid1[static_cast<std::size_t>(list)] = grid;
+    c->addWidget(count);
+    c->addWidget(grid, 1);
+    gridColumns_[static_cast<std::size_t>(list)] = column;
+    gridsRow_->addWidget(column, 1);
+  }
+  v->addLayout(gridsRow_, 1);
+
+  auto* menuRow = new QHBoxLayout;
+  menuRow->setSpacing(4);
+  auto addMenuButton = [&](const char* name, int captionId) {
+    auto* button = new QToolButton(page);
+    button->setObjectName(QString::fromLatin1(name) + QStringLiteral("Button"));
+    button->setText(Res(captionId));
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setMenu(buildMenu(name, button));
+    menuRow->addWidget(button);
+  };
+  addMenuButton("archivo", 4584);
+  addMenuButton("ordenaEstad", 4567);
+  menuRow->addStretch(1);
+  v->addLayout(menuRow);
+  QMenu* grid = buildMenu("grid", page);
+  grid->addSeparator();
+  for (const MenuItem* item : menuItems("ordenaEstad")) {
+    QAction* action = grid->addAction(menuCaption(*item));
+    const int index = item->index;
+    connect(action, &QAction::triggered, this, [this, index] {
+      engine_.ordenaEstad_Click(index);
+      afterEvent();
+    });
+  }
+  buildMenu("TipoRegresion", page);
+  buildMenu("MnuClrSTD", page);
+  v->addWidget(buildKeyGrid(KeypadPanel::Statistics, page));
+  engine_.fileDialog = [this](const CalculatorEngine::FileDialogRequest& r) { return askFileName(r); };
+  return page;
+}
+
+void CalculatorWindow::showScreenshotState(const QString& state) {
+  if (state != QLatin1String("statistics")) return;
+  const double x[] = {1.5, 2.25, 3, 4.75, 5.5, 7, 8.25, 9.5, 11, 12.5, 14, 15.25};
+  for (double v : x) {
+    engine_.numero = rt::NumberToText(v);
+    engine_.Command76_Click(0);
+    engine_.numero = rt::NumberToText(2.1 * v + 0.4);
+    engine_.Command76_Click(1);
+  }
+  engine_.Command16_Click(4);
+  afterEvent();
+}
+
+QString CalculatorWindow::askFileName(const CalculatorEngine::FileDialogRequest& r) {
+  QStringList filters;
+  const QStringList parts = r.filter.split(QLatin1Char('|'));
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts.at(i);
+  const QString filter = filters.join(QStringLiteral(";;"));
+  if (r.save) return QFileDialog::getSaveFileName(this, r.title, r.folder, filter);
+  return QFileDialog::getOpenFileName(this, r.title, r.folder, filter);
+}
+
+void CalculatorWindow::refreshStatistics() {
+  numnx->setText(engine_.numnx());
+  numny->setText(engine_.numny());
+  for (int list = 0; list < 2; ++list) {
+    const auto i = static_cast<std::size_t>(list);
+    MSFlexGrid1[i]->refreshData(engine_.scrollToLast[i]);
+    engine_.scrollToLast[i] = false;
+    if (MSFlexGrid1[i]->selectedRow() != engine_.MSFlexGrid1Row[i]) MSFlexGrid1[i]->selectRow1(engine_.MSFlexGrid1Row[i]);
+  }
+  if (engine_.gridsSwapped != gridsSwappedShown_) {
+    gridsSwappedShown_ = engine_.gridsSwapped;
+    gridsRow_->removeWidget(gridColumns_[0]);
+    gridsRow_->insertWidget(gridsSwappedShown_ ? 1 : 0, gridColumns_[0], 1);
+  }
+  for (QAction* a : menus_.value(QStringLiteral("TipoRegresion"))->actions()) {
+    a->setChecked(a->objectName() == QStringLiteral("Regresion(%1)").arg(engine_.regType));
+  }
+  if (engine_.statisticsPanelRequested) {
+    engine_.statisticsPanelRequested = false;
+    panels_->setCurrentWidget(statisticsPage_);
+  }
+  if (!engine_.menuRequest.isEmpty()) {
+    const QString name = engine_.menuRequest;
+    engine_.menuRequest.clear();
+    const QString key = name == QLatin1String("TipoRegresion") ? QStringLiteral("Command78") : QStringLiteral("Command82");
+    QWidget* anchor = keyButton(key);
+    if (QMenu* menu = menus_.value(name); menu && anchor) menu->popup(anchor->mapToGlobal(QPoint(0, anchor->height())));
+  }
+}
+
 QPushButton* CalculatorWindow::keyButton(const QString& control, int index) const {
   const QString name = index < 0 ? control : control + QLatin1Char('(') + QString::number(index) + QLatin1Char(')');
   return keys_.value(name);
@@ -468,6 +614,7 @@ void CalculatorWindow::refresh() {
   refreshMemories();
   refreshHistory();
   refreshPanels();
+  refreshStatistics();
   historyPanel_->setText(engine_.historyStatus());
   static_cast<FillBar*>(Picture1)->setFill(engine_.Combo1.fill());
   currencyPanel_->setText(engine_.currencyStatus());

@@ -12,13 +12,18 @@
 // engine's fields and moves the focus where the engine asks (Command19, so
 // that Enter is equals).
 #include <QHash>
+#include <array>
 #include <QMainWindow>
 
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
 
 class HistoryListView;
+class QMenu;
+class QToolButton;
+class StatisticsGridView;
 class QKeyEvent;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -39,6 +44,10 @@ class CalculatorWindow : public QMainWindow {
   // The button of a key ("Command13", 3), or nullptr.
   QPushButton* keyButton(const QString& control, int index = -1) const;
 
+ public Q_SLOTS:
+  // The screenshot tour's extra state: "statistics" shows the panel with data.
+  void showScreenshotState(const QString& state);
+
  protected:
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -57,6 +66,10 @@ class CalculatorWindow : public QMainWindow {
   QWidget* buildHistoryPage();
   QWidget* buildViewerPage();
   QWidget* buildToolRow(KeypadPanel panel, QWidget* parent, QPushButton* print);
+  QWidget* buildStatisticsPage();
+  QMenu* buildMenu(const char* name, QWidget* parent);
+  void refreshStatistics();
+  QString askFileName(const CalculatorEngine::FileDialogRequest& request);
   void afterEvent();
   bool takeKey(QKeyEvent* event);
   void refreshHistory();
@@ -90,6 +103,15 @@ class CalculatorWindow : public QMainWindow {
   QWidget* viewerPage_ = nullptr;
   QWidget* conversionsPage_ = nullptr;
   QTabWidget* panels_ = nullptr;
+  // The statistics panel: the grids with their counts, the menus.
+  QWidget* statisticsPage_ = nullptr;
+  std::array<StatisticsGridView*, 2> MSFlexGrid1{};
+  QLabel* numnx = nullptr;
+  QLabel* numny = nullptr;
+  QHBoxLayout* gridsRow_ = nullptr;
+  std::array<QWidget*, 2> gridColumns_{};
+  bool gridsSwappedShown_ = false;
+  QHash<QString, QMenu*> menus_;  // TipoRegresion, MnuClrSTD, ordenaEstad, archivo, grid
   QLabel* historyPanel_ = nullptr;
   QLabel* currencyPanel_ = nullptr;
   QHash<QString, QPushButton*> keys_;  // by object name

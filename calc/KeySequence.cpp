@@ -5,6 +5,7 @@
 
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
+#include "calc/CalculatorMenus.h"
 
 namespace {
 
@@ -37,6 +38,32 @@ bool parseToken(const QString& token, QList<KeyStep>& steps, QString& error) {
     step.control = QStringLiteral("Command19");
     steps << step;
     return true;
+  }
+  static const QRegularExpression select(QStringLiteral("^MSFlexGrid1\\(([01])\\)=(\\d+)$"));
+  if (const auto m = select.match(token); m.hasMatch()) {
+    step.kind = KeyStep::Kind::Select;
+    step.index = m.captured(1).toInt();
+    step.row = m.captured(2).toInt();
+    steps << step;
+    return true;
+  }
+  static const QRegularExpression menu(QStringLiteral("^(\\w+)(?:\\((\\d+)\\))?$"),
+                                       QRegularExpression::UseUnicodePropertiesOption);
+  if (const auto m = menu.match(token); m.hasMatch()) {
+    const int index = m.captured(2).isEmpty() ? -1 : m.captured(2).toInt();
+    if (findMenuItem(m.captured(1), index)) {
+      step.kind = KeyStep::Kind::Click;
+      step.control = m.captured(1);
+      step.index = index;
+      steps << step;
+      return true;
+    }
+    for (const MenuItem& item : calculatorMenuItems()) {
+      if (m.captured(1) == QString::fromUtf8(item.control)) {
+        error = QStringLiteral("the menu %1 has no item %2").arg(m.captured(1), m.captured(2));
+        return false;
+      }
+    }
   }
   static const QRegularExpression control(QStringLiteral("^(Command\\d+)(?:\\((\\d+)\\))?$"));
   if (const auto m = control.match(token); m.hasMatch()) {
@@ -112,6 +139,7 @@ void runKeySteps(CalculatorEngine& engine, const QList<KeyStep>& steps) {
   for (const KeyStep& s : steps) {
     switch (s.kind) {
       case KeyStep::Kind::Click: engine.click(s.control, s.index); break;
+      case KeyStep::Kind::Select: engine.selectCell(s.index, s.row); break;
       case KeyStep::Kind::Type: engine.typeCharacter(s.character); break;
       case KeyStep::Kind::Held:
         engine.keyDown(s.key, s.modifiers);

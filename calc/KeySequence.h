@@ -2,6 +2,8 @@
 // Key sequences written as text, as calvix-cli and the tests give them.
 // Tokens are separated by blanks:
 //   Command19, Command13(3)   a click of that control (with its array index)
+//   Regresion(1), abrirest    a menu item (calc/CalculatorMenus.h)
+//   MSFlexGrid1(0)=5          selects row 5 of the X grid
 //   = or Enter                equals (Command19)
 //   Backspace, Esc, F1..F12   a named key, optionally Shift+ or Ctrl+ in front;
 //   Shift+1..Shift+4, Shift+V, Ctrl+V   the held keys with a character
@@ -14,10 +16,11 @@
 class CalculatorEngine;
 
 struct KeyStep {
-  enum class Kind { Click, Type, Held };
+  enum class Kind { Click, Type, Held, Select };
   Kind kind = Kind::Type;
   QString control;  // Click
-  int index = -1;   // Click
+  int index = -1;   // Click; Select: the grid
+  int row = 0;      // Select
   QChar character;  // Type: a character typed (held key, then the character)
   int key = 0;      // Held: Qt key code
   Qt::KeyboardModifiers modifiers;  // Held

@@ -15,6 +15,9 @@
 // input box (the bases of Command91 and Command92) and its first button
 // pressed, or the index of the button pressed in a plain message;
 // "--answer button:N" presses button N of either (button:1 cancels a box).
+// Each --file PATH answers the next file dialog (abrirest, guardarest,
+// exporcsv); a dialog with none left is cancelled. The statistics store
+// follows the history: counts, sums, the regression type and the data.
 // In the plain output a line break inside result is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
@@ -60,10 +63,23 @@ bool readStartValues(const QString& list, bool labels, QString& error,
   return true;
 }
 
+QJsonObject statisticsJson(const CalculatorEngine& engine) {
+  const StatisticsStore& st = program().stats;
+  QJsonArray x, y;
+  for (int i = 1; i <= st.nx; ++i) x.append(st.at(0, i));
+  for (int i = 1; i <= st.ny; ++i) y.append(st.at(1, i));
+  return {{QStringLiteral("nx"), st.nx},       {QStringLiteral("ny"), st.ny},
+          {QStringLiteral("sumX"), st.sumX},   {QStringLiteral("sumY"), st.sumY},
+          {QStringLiteral("sumX2"), st.sumX2}, {QStringLiteral("sumY2"), st.sumY2},
+          {QStringLiteral("sumXY"), st.sumXY}, {QStringLiteral("regType"), engine.regType},
+          {QStringLiteral("X"), x},            {QStringLiteral("Y"), y}};
+}
+
 int runKeys(CliContext& ctx) {
   QString memories, registers;
   ctx.takeOption(QStringLiteral("--memories"), memories);
   ctx.takeOption(QStringLiteral("--registers"), registers);
+  QStringList files = ctx.takeOptions(QStringLiteral("--file"));
   if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("keys takes a key sequence: keys \"12 + 3 =\""));
   const QString sequence = ctx.args.join(QLatin1Char(' '));
   QList<KeyStep> steps;
@@ -82,6 +98,9 @@ int runKeys(CliContext& ctx) {
   }
 
   CalculatorEngine engine;
+  engine.fileDialog = [&files](const CalculatorEngine::FileDialogRequest&) {
+    return files.isEmpty() ? QString() : files.takeFirst();
+  };
   engine.Form_Activate();
   runKeySteps(engine, steps);
 
@@ -105,6 +124,7 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("memories"), m);
     ctx.json.insert(QStringLiteral("registers"), r);
     ctx.json.insert(QStringLiteral("history"), QJsonArray::fromStringList(engine.Combo1.lines()));
+    ctx.json.insert(QStringLiteral("statistics"), statisticsJson(engine));
     return 0;
   }
   // One line per field: a line break inside result is written as "\n".
@@ -126,6 +146,13 @@ int runKeys(CliContext& ctx) {
     ctx.out << "register" << i + 1 << '\t' << rt::NumberToText(RegisterValue(i)) << '\t' << RegisterLabel(i) << '\n';
   }
   for (const QString& line : engine.Combo1.lines()) ctx.out << "history\t" << line << '\n';
+  const StatisticsStore& st = program().stats;
+  ctx.out << "nx\t" << st.nx << '\n' << "ny\t" << st.ny << '\n' << "regType\t" << engine.regType << '\n';
+  for (int list = 0; list < 2; ++list) {
+    for (int i = 1; i <= st.count(list); ++i) {
+      ctx.out << (list == 0 ? "X\t" : "Y\t") << i << '\t' << rt::NumberToText(st.at(list, i)) << '\n';
+    }
+  }
   return 0;
 }
 
@@ -135,5 +162,8 @@ CALVIX_CLI_COMMAND("keys",
                    "the scientific calculator after a key sequence: keys [--answer T|button:N]...\n"
                    "            [--memories M1,M2,M3,M4] [--registers R1[:LABEL],R2,...] \"12 + 3 =\"\n"
                    "            memories and registers start from the values given (point as decimal mark;\n"
-                   "            an empty item keeps the default, a register without :LABEL keeps its label)",
+                   "            an empty item keeps the default, a register without :LABEL keeps its label)\n"
+                   "            [--file PATH]... answers the file dialogs of abrirest, guardarest, exporcsv;\n"
+                   "            statistics tokens: X Y Command15(i) Command2(i) Command16(i) Command84(i)\n"
+                   "            Regresion(i) MnuClrSTD(i) ordenaEstad(i) MSFlexGrid1(g)=row changecell borracell",
                    runKeys);

@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 
+#include "shell/StatisticsStore.h"
 #include "shell/Variant.h"
 
 struct ProgramState {
@@ -88,6 +89,9 @@ struct ProgramState {
   std::int16_t sourceColumn = 1;   // column of F for derivatives and the plot (5 while smoothed)
   std::int16_t hasG = 0;           // -1 when column 6 holds G(x)
   QString titleF, titleG, titleX, titleY;  // default texts of the plot
+
+  // --- Statistics store: the calculator's data, read by charts and tools --
+  StatisticsStore stats;
 };
 
 ProgramState& program();

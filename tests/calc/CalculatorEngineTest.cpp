@@ -6,6 +6,7 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/KeySequence.h"
 #include "shell/ErrorReport.h"
+#include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"
 
@@ -283,8 +284,9 @@ TEST_F(CalculatorEngineTest, HeldKeysReachTheirTargets) {
   EXPECT_TRUE(e.stopRequested);
   EXPECT_TRUE(e.keyDown(Qt::Key_F10, Qt::ShiftModifier));
   EXPECT_TRUE(e.contextMenuRequested);
-  // Keys of tool families this window does not have yet do nothing.
-  EXPECT_FALSE(e.keyPress(QLatin1Char('X')));
+  // X enters the number as a statistics datum.
+  EXPECT_TRUE(e.keyPress(QLatin1Char('X')));
+  EXPECT_EQ(program().stats.nx, 1);
   EXPECT_EQ(e.numero.text(), QStringLiteral("0"));
   // The function keys do.
   EXPECT_TRUE(e.keyDown(Qt::Key_F2));
