@@ -689,8 +689,30 @@ void CalculatorWindow::afterEvent() {
     if (QPushButton* target = keys_.value(engine_.focusRequest)) target->setFocus();
     engine_.focusRequest.clear();
   }
-  // The window has no context menu of its own yet; the request is dropped.
-  engine_.contextMenuRequested = false;
+  if (engine_.contextMenuRequested) {
+    engine_.contextMenuRequested = false;
+    showWindowMenu();
+  }
+}
+
+// Shift+F10: the window's menus gathered in one popup, opened where the focus is,
+// so every menu item can be reached from the keyboard.
+void CalculatorWindow::showWindowMenu() {
+  QMenu* menu = menus_.value(QStringLiteral("window"));
+  if (!menu) {
+    menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("window"));
+    const std::pair<const char*, int> parts[] = {{"archivo", 4584}, {"ordenaEstad", 4567}};
+    for (const auto& [name, captionId] : parts) {
+      if (QMenu* sub = menus_.value(QString::fromLatin1(name))) {
+        sub->setTitle(Res(captionId));
+        menu->addMenu(sub);
+      }
+    }
+    menus_.insert(QStringLiteral("window"), menu);
+  }
+  QWidget* anchor = focusWidget() ? focusWidget() : this;
+  menu->popup(anchor->mapToGlobal(anchor->rect().center()));
 }
 
 void CalculatorWindow::showEvent(QShowEvent* event) {

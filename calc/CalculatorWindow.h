@@ -68,6 +68,7 @@ class CalculatorWindow : public QMainWindow {
   QWidget* buildToolRow(KeypadPanel panel, QWidget* parent, QPushButton* print);
   QWidget* buildStatisticsPage();
   QMenu* buildMenu(const char* name, QWidget* parent);
+  void showWindowMenu();
   void refreshStatistics();
   QString askFileName(const CalculatorEngine::FileDialogRequest& request);
   void afterEvent();

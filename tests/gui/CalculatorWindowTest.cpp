@@ -3,9 +3,11 @@
 // memories, registers, lists and the large display answer the mouse; a full
 // history shows its end and starts again at line 4001; the history prints to
 // a PDF file.
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -123,6 +125,23 @@ class CalculatorWindowTest : public QObject {
     QCOMPARE(shown(w), QStringLiteral("-4.5"));
     QTest::keyClick(&w, Qt::Key_Escape);
     QVERIFY(w.engine().stopRequested);
+  }
+
+  void shiftF10OpensTheWindowMenuWithTheFileAndSortMenus() {
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QTest::keyClick(w.keyButton(QStringLiteral("Command19")), Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->objectName(), QStringLiteral("window"));
+    QStringList titles;
+    for (QAction* a : menu->actions()) {
+      QVERIFY(a->menu());
+      titles << a->text();
+    }
+    QCOMPARE(titles, (QStringList{Res(4584), Res(4567)}));
+    menu->close();
   }
 
   void divisionByZeroShowsTheMessageAndTheFailurePicture() {
