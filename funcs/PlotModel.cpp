@@ -99,6 +99,27 @@ void PlotModel::Form_Load() {
     }
   }
   if (unset) text = rt::Variant::longValue(static_cast<std::int32_t>(kDefaultPalette[kText]));
+  // A load starts from the menus as the window is designed: nothing analysed,
+  // no overlay, the default view.
+  menumderiv.fill(false);
+  MaxyMin1.fill(false);
+  cerosfunc1.fill(false);
+  croscursor.fill(false);
+  PlotRegression.fill(false);
+  suavePlot.fill(false);
+  menuufunc = {true, true};
+  menuuderiv = true;
+  menucero = menucero1 = menureja = menubarras = false;
+  integralGRAF = Icorrection = false;
+  leyenda = mostrarGx = true;
+  ocultarPuntos = false;
+  Picture1Visible = Picture5Visible = Picture6Visible = false;
+  list = ResultList{};
+  Label4.clear();
+  Text5 = {QString(), QString()};
+  theoryText.clear();
+  Text1Visible = {false, true, true, true, true, false};
+  Label1Visible = false;
   FuncCursor = 0;
   DerivON = false;
   GdXON = false;
@@ -216,7 +237,7 @@ double PlotModel::mapDerivative(double y) const {
 }
 
 QRectF PlotModel::limitBoxRect(int index) const {
-  constexpr double kW = 76, kH = 20, kGap = 6;
+  constexpr double kW = 70, kH = 20, kGap = 6;
   const double left = kMarginX, right = pictureWidth - kMarginX;
   const double top = kMarginY, bottom = pictureHeight - kMarginY;
   switch (index) {

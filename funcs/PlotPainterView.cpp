@@ -104,7 +104,10 @@ void PainterCanvas::hatch(const QRectF& r) {
 void PainterCanvas::Box(double x1, double y1, double x2, double y2, bool filled) {
   const QRectF r = QRectF(map(x1, y1), map(x2, y2)).normalized();
   if (filled) {
+    // Without smoothing, so neighbouring boxes (integral steps) meet without a seam.
+    painter_.setRenderHint(QPainter::Antialiasing, false);
     painter_.fillRect(r, toColor(ForeColor));
+    painter_.setRenderHint(QPainter::Antialiasing, true);
     return;
   }
   if (FillStyle == kSolid) painter_.fillRect(r, toColor(FillColor));
