@@ -175,8 +175,12 @@ QString PlotModel::limitText(double value, int direction) const {
 }
 
 double PlotModel::limit(int index) const {
+  const auto i = static_cast<size_t>(index);
+  if (Text1[i].isSharedWith(limitTexts_[i]) || Text1[i] == limitTexts_[i]) return limitValues_[i];
   double v = 0;
-  return numberOf(Text1[static_cast<size_t>(index)], v) ? v : 0;
+  limitValues_[i] = numberOf(Text1[i], v) ? v : 0;
+  limitTexts_[i] = Text1[i];
+  return limitValues_[i];
 }
 
 void PlotModel::validateLimits() {

@@ -285,4 +285,8 @@ class PlotModel {
   std::uint32_t drawColour(const plot::PlotCanvas& c, int index) const;
 
   FunctionTable& table_;
+  // The limits as numbers, kept beside the texts they were read from: the
+  // drawing asks for them at every point.
+  mutable std::array<QString, 6> limitTexts_;
+  mutable std::array<double, 6> limitValues_{};
 };
