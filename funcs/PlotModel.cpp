@@ -247,7 +247,7 @@ QRectF PlotModel::limitBoxRect(int index) const {
   switch (index) {
     case 1: return {left - kW / 2, bottom + kGap, kW, kH};
     case 2: return {right - kW / 2, bottom + kGap, kW, kH};
-    case 3: return {left - kGap - kW, bottom - kH / 2, kW, kH};
+    case 3: return {left - kGap - kW, bottom - kH + 2, kW, kH};  // clear of the X box below it
     case 4: return {left - kGap - kW, top - kH / 2, kW, kH};
     case 0: return {right + kGap, bottom - kH / 2, kW, kH};
     default: return {right + kGap, top - kH / 2, kW, kH};

@@ -541,9 +541,9 @@ void PlotWindow::showScreenshotState(const QString& state) {
   if (program().pointCount == 0 && tableWindow_) {
     QMetaObject::invokeMethod(tableWindow_, "showScreenshotState", Q_ARG(QString, QStringLiteral("function")));
   }
-  raise();
-  activateWindow();
-  act([&] { m.Form_Load(); });
+  // Shown again, so it stands above the table window, and loaded afresh.
+  hide();
+  show();
   if (state == QLatin1String("fg")) {
     act([&] { m.menuautoesc_Click(2); });
   } else if (state == QLatin1String("derivative")) {
