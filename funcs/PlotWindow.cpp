@@ -62,6 +62,13 @@ PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent) {
     ownTable_->cmdResult_Click();
     table = ownTable_.get();
   }
+  // The model reads that table to the end: the plot goes with it.
+  if (tableWindow_) {
+    connect(tableWindow_, &QObject::destroyed, this, [this] {
+      hide();
+      deleteLater();
+    });
+  }
   model_ = std::make_unique<PlotModel>(*table);
   model_->hooks.redraw = [this] {
     if (Picture2) Picture2->invalidate();
