@@ -7,6 +7,8 @@
 
 #include "funcs/FunctionTable.h"
 #include "funcs/PlotModel.h"
+#include "shell/NumberText.h"
+#include "shell/Numeric.h"
 #include "shell/ProgramState.h"
 
 using plot::PlotCanvas;
@@ -38,6 +40,19 @@ QString elided(PlotCanvas& c, const QString& text, double room) {
 
 std::uint32_t PlotModel::drawColour(const PlotCanvas& c, int index) const {
   return semicolour(c, printcolor) ? kBlack : colour(index);
+}
+
+// The number of an inner tick k between the limits low and high: as the
+// axis numbers are written, but with no more decimals than the spacing of
+// the ticks needs, so that a tick reads -4800 rather than -4799.999.
+QString PlotModel::tickText(int low, int high, int k) const {
+  const double step = std::fabs(limit(high) - limit(low)) / kTicks;
+  const double v = limit(low) + k * (limit(high) - limit(low)) / kTicks;
+  const double a = std::fabs(v);
+  if (step == 0 || a <= 0.0001 || a >= 10000) return formatAxisNumber(v);
+  const int needed = std::max(0, 1 - static_cast<int>(std::floor(std::log10(step))));
+  const double shown = rt::Round(v, std::min<int>(decimals, needed));
+  return shown == 0 ? QStringLiteral("0") : rt::NumberToText(shown);
 }
 
 // Text at a point of the picture: align -1 left, 0 centred, 1 right of px; py is the top.
@@ -151,12 +166,12 @@ void PlotModel::drawTitles(PlotCanvas& c) const {
   // Numbers at every other tick between the limits, where they have room.
   const double stepX = (right - left) / kTicks, stepY = (bottom - top) / kTicks;
   for (int k = 2; k < kTicks; k += 2) {
-    const QString xText = formatAxisNumber(limit(1) + k * (limit(2) - limit(1)) / kTicks);
+    const QString xText = tickText(1, 2, k);
     if (unitsWide(c, xText) / 2 + limitBoxRect(1).width() / 2 + 8 <= 2 * stepX) {
       printAt(c, left + k * stepX, bottom + 9, xText, 0);
     }
     if (2 * stepY >= 24) {
-      printAt(c, left - 8, bottom - k * stepY - 7, formatAxisNumber(limit(3) + k * (limit(4) - limit(3)) / kTicks), 1);
+      printAt(c, left - 8, bottom - k * stepY - 7, tickText(3, 4, k), 1);
     }
   }
   for (const Annotation& a : Label11) {
@@ -324,7 +339,7 @@ void PlotModel::drawDerivative(PlotCanvas& c) const {
   printAt(c, right + 6, top - 34, derivativeLabel, -1);
   if (2 * stepY >= 24) {
     for (int k = 2; k < kTicks; k += 2) {
-      printAt(c, right + 8, bottom - k * stepY - 7, formatAxisNumber(limit(0) + k * (limit(5) - limit(0)) / kTicks), -1);
+      printAt(c, right + 8, bottom - k * stepY - 7, tickText(0, 5, k), -1);
     }
   }
   // Thicker on the screen, where the derivative has to stand out from F.

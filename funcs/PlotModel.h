@@ -281,6 +281,7 @@ class PlotModel {
   void drawIntegral(plot::PlotCanvas& c) const;
   void drawBars(plot::PlotCanvas& c) const;
   void drawOriginAxes(plot::PlotCanvas& c) const;
+  QString tickText(int low, int high, int k) const;
   void printAt(plot::PlotCanvas& c, double px, double py, const QString& text, int align) const;
   std::uint32_t drawColour(const plot::PlotCanvas& c, int index) const;
 

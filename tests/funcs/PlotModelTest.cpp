@@ -382,3 +382,14 @@ TEST_F(PlotModelTest, GraphicCursorMovesByPointsAndStepsWithinTheTable) {
   m.croscursor_Click(0);
   EXPECT_EQ(m.FuncCursor, 0);
 }
+
+TEST_F(PlotModelTest, InnerTickNumbersKeepOnlyTheDecimalsTheSpacingNeeds) {
+  plotData({-12000, 0.001}, {-1.002, 0});
+  m.menuformatonumdec_Click(3);
+  RecordingCanvas c(plot::PlotCanvas::Target::Image);
+  m.drawPlot(c);
+  EXPECT_TRUE(c.texts.contains(QStringLiteral("-4800"))) << c.texts.join(' ').toStdString();
+  EXPECT_TRUE(c.texts.contains(QStringLiteral("-0.4")));
+  EXPECT_TRUE(c.texts.contains(QStringLiteral("-1.200e+04")));  // the limits as the boxes write them
+  EXPECT_TRUE(c.texts.contains(QStringLiteral("-1.002")));
+}
