@@ -141,11 +141,12 @@ void PlotModel::drawTitles(PlotCanvas& c) const {
   c.ForeColor = drawColour(c, kText);
   c.FontSize = kTitleSize;
   c.FontBold = false;
-  const double room = right - left;
+  // The titles may run over the right margin, which is empty at that height.
+  const double titleRight = c.width() - 8.0, room = titleRight - left;
   if (GdXON && !p.titleG.isEmpty()) {
     const QString fTitle = elided(c, p.titleF, room * 0.55);
     printAt(c, left, 6, fTitle, -1);
-    printAt(c, right, 6, elided(c, p.titleG, room - unitsWide(c, fTitle) - 24), 1);
+    printAt(c, titleRight, 6, elided(c, p.titleG, room - unitsWide(c, fTitle) - 24), 1);
   } else {
     printAt(c, left, 6, elided(c, p.titleF, room), -1);
   }
