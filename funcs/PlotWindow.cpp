@@ -367,13 +367,12 @@ bool PlotWindow::eventFilter(QObject* watched, QEvent* event) {
   }
   for (int i = 0; i < 2; ++i) {
     if (watched != Picture6[static_cast<size_t>(i)]) continue;
-    auto* mouse = static_cast<QMouseEvent*>(event);
     if (event->type() == QEvent::MouseButtonPress) {
       dragging_ = i;
       return true;
     }
     if (event->type() == QEvent::MouseMove && dragging_ == i) {
-      const double px = Picture2->mapFromGlobal(mouse->globalPosition()).x();
+      const double px = Picture2->mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition()).x();
       model_->Picture6_Drag(i, px);
       placePanel();
       return true;

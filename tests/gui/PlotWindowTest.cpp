@@ -4,6 +4,8 @@
 // shows in the pixels of the picture, and the printed page (PDF) carries the
 // same picture as the screen.
 #include <QAction>
+#include <QApplication>
+#include <QMouseEvent>
 #include <QImage>
 #include <QLineEdit>
 #include <QProcess>
@@ -108,6 +110,43 @@ class PlotWindowTest : public QObject {
     plot->close();
     QVERIFY(!table->table().plot);
     QVERIFY(!table->findChild<QPushButton*>(QStringLiteral("plot"))->isChecked());
+  }
+
+  // The integral panel's cursors: shown at the boxes' values, dragged, they write their X into the boxes.
+  void integralCursorsAreDraggedOverThePicture() {
+    PlotWindow w;
+    w.resize(820, 600);
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    PlotModel& m = w.model();
+    tabulate(m.table(), QStringLiteral("x"), QStringLiteral("0"), QStringLiteral("10"), 11);
+    m.Form_Load();
+    w.findChild<QAction*>(QStringLiteral("integRange"))->trigger();
+    auto* panel = w.findChild<QWidget*>(QStringLiteral("Picture5"));
+    QVERIFY(panel->isVisible());
+    w.findChild<QPushButton*>(QStringLiteral("Command14"))->click();
+    auto* bar = w.findChild<QWidget*>(QStringLiteral("Picture6_0"));
+    QVERIFY(bar->isVisible());
+    QCOMPARE(bar->geometry().center().x(), PlotModel::kMarginX);  // at X Ini = 0, the frame's left side
+
+    auto* picture = w.findChild<QWidget*>(QStringLiteral("Picture2"));
+    const QPoint target = picture->mapToGlobal(QPoint(picture->width() / 2, 200));
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(2, 2), bar->mapToGlobal(QPointF(2, 2)), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, bar->mapFromGlobal(QPointF(target)), QPointF(target), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, bar->mapFromGlobal(QPointF(target)), QPointF(target),
+                        Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(bar, &press);
+    QApplication::sendEvent(bar, &move);
+    QApplication::sendEvent(bar, &release);
+    // The middle of the picture is the middle of the interval.
+    QCOMPARE(m.Text5[0], QStringLiteral("5"));
+    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("Text5_0"))->text(), QStringLiteral("5"));
+    QCOMPARE(bar->geometry().center().x(), picture->width() / 2);
+    w.findChild<QPushButton*>(QStringLiteral("Command15"))->click();
+    QVERIFY(m.integralGRAF);
+    QCOMPARE(m.Text5Tag[0], 5.0);
   }
 
   // tan(x) over -3..3 with 200 points: the samples either side of pi/2 are
