@@ -5,6 +5,7 @@
 #include "app/ScreenshotTour.h"
 #include "calc/CalculatorWindow.h"
 #include "funcs/FunctionTableWindow.h"
+#include "funcs/PlotWindow.h"
 #include "shell/ControlCentreWindow.h"
 #include "shell/DesktopPlatform.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::ControlCentre, [] { return new ControlCentreWindow; });
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
+  registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

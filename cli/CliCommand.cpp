@@ -7,8 +7,8 @@ QList<CliCommandInfo>& registry() {
 }
 }  // namespace
 
-bool registerCliCommand(const QString& name, const QString& synopsis, CliHandler run) {
-  registry().append({name, synopsis, std::move(run)});
+bool registerCliCommand(const QString& name, const QString& synopsis, CliHandler run, bool needsGui) {
+  registry().append({name, synopsis, std::move(run), needsGui});
   return true;
 }
 

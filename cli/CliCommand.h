@@ -41,12 +41,18 @@ struct CliCommandInfo {
   QString name;
   QString synopsis;  // one line for --help
   CliHandler run;
+  bool needsGui = false;  // draws pictures: runs in a GUI application on the offscreen platform
 };
 
-bool registerCliCommand(const QString& name, const QString& synopsis, CliHandler run);
+bool registerCliCommand(const QString& name, const QString& synopsis, CliHandler run, bool needsGui = false);
 const QList<CliCommandInfo>& cliCommands();
 
 #define CALVIX_CLI_CAT2(a, b) a##b
 #define CALVIX_CLI_CAT(a, b) CALVIX_CLI_CAT2(a, b)
 #define CALVIX_CLI_COMMAND(name, synopsis, fn) \
   static const bool CALVIX_CLI_CAT(cliRegistered_, __LINE__) = registerCliCommand(QStringLiteral(name), QStringLiteral(synopsis), fn)
+// A command that draws (fonts, images): main() makes a GUI application on the
+// offscreen platform for it, so it runs without a display.
+#define CALVIX_CLI_GUI_COMMAND(name, synopsis, fn) \
+  static const bool CALVIX_CLI_CAT(cliRegistered_, __LINE__) = \
+      registerCliCommand(QStringLiteral(name), QStringLiteral(synopsis), fn, true)

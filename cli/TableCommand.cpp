@@ -3,31 +3,19 @@
 //   calvix-cli table --f "<F>" [--g "<G>"] --start A --end B (--points N | --step H)
 //                    [--vars "A=2:B=3"] [--angle deg|gra|rad] [--evl FILE]
 //
-// The boxes are filled as a user fills them: each character of the interval
-// boxes goes through their key filter, each box is checked as the user
-// leaves it (so --points 1001 becomes 200 with its message), then Evaluate.
-// With --evl the file is opened first and the other options change what it
-// set. Prints one line per data row, the seven cells separated by tabs, as
+// The boxes are filled as a user fills them (cli/TableOptions.h). Prints one
+// line per data row, the seven cells separated by tabs, as
 // the table holds them; messages go to stderr. Exit code 1 when the table
 // ends up empty.
 #include <QJsonArray>
 #include <QJsonObject>
 
 #include "cli/CliCommand.h"
+#include "cli/TableOptions.h"
 #include "funcs/FunctionTable.h"
 #include "shell/ProgramState.h"
 
 namespace {
-
-// Types a text into a box through its key filter.
-QString typed(const QString& text, int (FunctionTable::*keyPress)(int), FunctionTable& t) {
-  QString box;
-  for (QChar c : text) {
-    const int key = (t.*keyPress)(c.unicode());
-    if (key != 0) box += QChar(key);
-  }
-  return box;
-}
 
 QJsonObject boxes(const FunctionTable& t) {
   QJsonObject o;
@@ -44,51 +32,11 @@ QJsonObject boxes(const FunctionTable& t) {
 }
 
 int runTable(CliContext& ctx) {
-  QString f, g, start, end, points, step, vars, angle, evl;
-  const bool hasF = ctx.takeOption(QStringLiteral("--f"), f);
-  const bool hasG = ctx.takeOption(QStringLiteral("--g"), g);
-  const bool hasStart = ctx.takeOption(QStringLiteral("--start"), start);
-  const bool hasEnd = ctx.takeOption(QStringLiteral("--end"), end);
-  const bool hasPoints = ctx.takeOption(QStringLiteral("--points"), points);
-  const bool hasStep = ctx.takeOption(QStringLiteral("--step"), step);
-  const bool hasVars = ctx.takeOption(QStringLiteral("--vars"), vars);
-  const bool hasAngle = ctx.takeOption(QStringLiteral("--angle"), angle);
-  const bool hasEvl = ctx.takeOption(QStringLiteral("--evl"), evl);
+  TableOptions options;
+  if (const int code = takeTableOptions(ctx, options)) return code;
   if (!ctx.args.isEmpty()) return ctx.usage(QStringLiteral("table: unexpected argument ") + ctx.args.first());
-  if (hasPoints && hasStep) return ctx.usage(QStringLiteral("table takes --points or --step, not both"));
-  if (hasAngle && angle != QLatin1String("deg") && angle != QLatin1String("gra") && angle != QLatin1String("rad")) {
-    return ctx.usage(QStringLiteral("--angle takes deg, gra or rad"));
-  }
-
   FunctionTable t;
-  t.Form_Load();
-  t.Form_Activate();
-  if (hasEvl && !t.openFile(evl)) return 1;
-  while (hasAngle && t.Label1 != angle) t.Command2_Click();
-  if (hasVars) t.txtVariables = typed(vars, &FunctionTable::txtVariables_KeyPress, t);
-  if (hasF) t.txtExpression = f;
-  if (hasG) {
-    t.Text2 = g;
-    if (t.Check1 == 0) t.Check1_Click();
-  }
-  if (hasStart) {
-    t.txtStart = typed(start, &FunctionTable::txtStart_KeyPress, t);
-    t.txtStart_LostFocus();
-  }
-  if (hasEnd) {
-    t.txtEnd = typed(end, &FunctionTable::txtEnd_KeyPress, t);
-    t.txtEnd_LostFocus();
-  }
-  if (hasPoints) {
-    t.Option1_Click(0);
-    t.Combo2 = points;
-    t.Combo2_LostFocus();
-  } else if (hasStep) {
-    t.Option1_Click(1);
-    t.Text1 = step;
-    t.Text1_LostFocus();
-  }
-  t.cmdResult_Click();
+  if (!evaluateTable(options, t)) return 1;
 
   const int rows = t.operationMode == 1 ? t.expressionRow : program().pointCount;
   QJsonArray table;

@@ -3,10 +3,14 @@
 // of a fresh installation; no settings file is read or written unless an
 // option of the subcommand names one.
 #include <QCoreApplication>
+#include <QFile>
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
+#include <QTemporaryDir>
 #include <cstdio>
+#include <memory>
 
 #include "cli/CliCommand.h"
 #include "shell/ProgramState.h"
@@ -59,14 +63,50 @@ QJsonArray messagesJson(const ScriptedPresenter& presenter) {
   return list;
 }
 
+// The command word, skipped over as the parser below skips the common
+// options, so the application can be made before Qt reads the arguments.
+QString commandWord(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const QString a = QString::fromLocal8Bit(argv[i]);
+    if (a == QLatin1String("--")) return i + 1 < argc ? QString::fromLocal8Bit(argv[i + 1]) : QString();
+    const QString name = a.section(QLatin1Char('='), 0, 0);
+    if (!a.contains(QLatin1Char('=')) &&
+        (name == QLatin1String("--decimal") || name == QLatin1String("--lang") || name == QLatin1String("--answer"))) {
+      ++i;
+      continue;
+    }
+    if (!a.startsWith(QLatin1String("--"))) return a;
+  }
+  return {};
+}
+
+// A GUI application on the offscreen platform for the commands that draw,
+// a plain one for the rest.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, std::unique_ptr<QTemporaryDir>& runtimeDir) {
+  const QString word = commandWord(argc, argv);
+  for (const CliCommandInfo& c : cliCommands()) {
+    if (c.name == word && c.needsGui) {
+      qputenv("QT_QPA_PLATFORM", "offscreen");
+      // A GUI application wants a runtime folder; without a session, a private one.
+      if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        runtimeDir = std::make_unique<QTemporaryDir>();
+        if (runtimeDir->isValid()) qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDir->path()));
+      }
+      return std::make_unique<QGuiApplication>(argc, argv);
+    }
+  }
+  return std::make_unique<QCoreApplication>(argc, argv);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  QCoreApplication app(argc, argv);
+  std::unique_ptr<QTemporaryDir> runtimeDir;
+  const std::unique_ptr<QCoreApplication> app = makeApplication(argc, argv, runtimeDir);
   QTextStream out(stdout);
   QTextStream err(stderr);
 
-  QStringList args = app.arguments().mid(1);
+  QStringList args = QCoreApplication::arguments().mid(1);
   bool json = false;
   QString decimal;
   QString lang = QStringLiteral("es");

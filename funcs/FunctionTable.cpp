@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "funcs/EvlFile.h"
+#include "funcs/PlotAnalysis.h"
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
 #include "shell/NumberText.h"
@@ -29,7 +30,14 @@ QString& context() { return program().SectionTitle; }
 const QString FunctionTable::kDefaultF = QStringLiteral("2.23*sin(A*x)*(cos(B*x))^2");
 const QString FunctionTable::kDefaultG = QStringLiteral("x*cos(x^1.7)");
 
-FunctionTable::FunctionTable() : MSFlexGrid1(kColumns) {}
+FunctionTable::FunctionTable() : MSFlexGrid1(kColumns) {
+  hooks.computeDerivatives = [this] { fillDerivatives(); };
+}
+
+void FunctionTable::fillDerivatives() {
+  const ProgramState& p = program();
+  plot::computeDerivatives(MSFlexGrid1, p.pointCount, p.sourceColumn);
+}
 
 FunctionTable::~FunctionTable() = default;
 

@@ -205,6 +205,11 @@ class FunctionTable {
   // the printer.
   int printRowsPerPage = 80;
 
+  // ---- Derivatives ---------------------------------------------------------------------
+  // Columns 2 to 4 from the curve in sourceColumn (the default
+  // computeDerivatives hook).
+  void fillDerivatives();
+
   // ---- Helpers for readers -------------------------------------------------------------
   // The cell text; the heading is row 0.
   QString TextMatrix(int row, int col) const { return MSFlexGrid1.get(row, col); }

@@ -341,7 +341,7 @@ void FunctionTableWindow::installHooks() {
     return w && w->isVisible();
   };
   table_.hooks.redrawPlot = [] {
-    if (QWidget* w = findWindow(WindowId::Plot)) w->update();
+    if (QWidget* w = findWindow(WindowId::Plot)) QMetaObject::invokeMethod(w, "Command2_Click");
   };
 }
 

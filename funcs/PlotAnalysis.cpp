@@ -1,0 +1,188 @@
+#include "funcs/PlotAnalysis.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "funcs/CellGrid.h"
+#include "shell/NumberText.h"
+
+namespace plot {
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr int kFirstDerivativeColumn = 2;
+
+double cellValue(const CellGrid& grid, int row, int col) {
+  double v = 0;
+  return grid.number(row, col, v) ? v : kNaN;
+}
+
+int sign(double v) { return v > 0 ? 1 : (v < 0 ? -1 : 0); }
+
+}  // namespace
+
+std::vector<double> readColumn(const CellGrid& grid, int col, int first, int last) {
+  std::vector<double> values;
+  if (last < first) return values;
+  values.reserve(static_cast<size_t>(last - first + 1));
+  for (int r = first; r <= last; ++r) values.push_back(cellValue(grid, r, col));
+  return values;
+}
+
+double singleTextValue(float f) {
+  if (f == 0) return 0;
+  const rt::DecimalDigits d = rt::significantDigits(f, 7);
+  char buf[32];
+  int k = 0;
+  if (d.negative) buf[k++] = '-';
+  buf[k++] = static_cast<char>(d.digits.at(0).unicode());
+  buf[k++] = '.';
+  for (qsizetype i = 1; i < d.digits.size(); ++i) buf[k++] = static_cast<char>(d.digits.at(i).unicode());
+  buf[k++] = 'e';
+  const auto end = std::to_chars(buf + k, buf + sizeof buf, d.exponent).ptr;
+  double value = 0;
+  std::from_chars(buf, end, value);
+  return value;
+}
+
+void computeDerivatives(CellGrid& grid, int pointCount, int sourceColumn) {
+  for (int c = kFirstDerivativeColumn; c <= kFirstDerivativeColumn + 2; ++c) grid.clearColumn(c);
+  if (grid.rowCount() < pointCount + 2) grid.setRowCount(pointCount + 2);
+  const std::vector<double> x = readColumn(grid, 0, 1, pointCount);
+  auto at = [](const std::vector<double>& v, int row) { return v[static_cast<size_t>(row - 1)]; };
+
+  // One order from the one before: rows 1..pointCount-order. The cells are
+  // worked out with failures passed over: a cell whose operands hold no
+  // number, or whose division fails (two X equal at that precision, a result
+  // beyond the range), gets "0" and the next cell follows.
+  auto order = [&](int n, const std::vector<double>& y, bool single) {
+    const int col = kFirstDerivativeColumn + n - 1;
+    std::vector<double> out;
+    for (int i = 1; i <= pointCount - n; ++i) {
+      const double y0 = at(y, i), y1 = at(y, i + 1), x0 = at(x, i), x1 = at(x, i + 1);
+      double value = 0;
+      if (single) {
+        const float dx = static_cast<float>(x1) - static_cast<float>(x0);
+        const float d = (static_cast<float>(y1) - static_cast<float>(y0)) / dx;
+        if (std::isfinite(d)) value = singleTextValue(d);
+      } else {
+        const double d = (y1 - y0) / (x1 - x0);
+        if (!std::isfinite(d) || !CellGrid::textValue(d, value)) value = 0;
+      }
+      grid.setTextValue(i, col, value);
+      out.push_back(value);
+    }
+    return out;
+  };
+  if (pointCount < 2) return;
+  const std::vector<double> first = order(1, readColumn(grid, sourceColumn, 1, pointCount), true);
+  if (pointCount < 3) return;
+  const std::vector<double> second = order(2, first, true);
+  if (pointCount < 4) return;
+  order(3, second, false);
+}
+
+Extrema findExtrema(const std::vector<double>& y, int depth) {
+  Extrema e;
+  const int n = static_cast<int>(y.size());
+  for (int i = 0; i < n; ++i) {
+    const double yi = y[static_cast<size_t>(i)];
+    double up = 0, down = 0;
+    for (int j = 1; j <= depth; ++j) {
+      for (const int k : {i - j, i + j}) {
+        if (k < 0 || k >= n) {
+          up += 0.5;
+          down += 0.5;
+          continue;
+        }
+        const double yk = y[static_cast<size_t>(k)];
+        if (yk < yi) up += 0.5;
+        if (yk > yi) down += 0.5;
+      }
+    }
+    if (up == depth) e.maxima.push_back(i);
+    if (down == depth) e.minima.push_back(i);
+  }
+  return e;
+}
+
+std::vector<int> findZeros(const std::vector<double>& y) {
+  std::vector<int> lines;
+  for (size_t i = 0; i + 1 < y.size(); ++i) {
+    const double a = y[i], b = y[i + 1];
+    if (a == 0) {
+      lines.push_back(static_cast<int>(i));
+    } else if (!std::isnan(a) && !std::isnan(b) && sign(a) != sign(b)) {
+      if (std::fabs(b) > std::fabs(a)) lines.push_back(static_cast<int>(i));
+      else if (std::fabs(b) < std::fabs(a)) lines.push_back(static_cast<int>(i + 1));
+      else lines.push_back(-1);
+    }
+  }
+  return lines;
+}
+
+RowRange rowsInside(const std::vector<double>& x, double xIni, double xFin) {
+  RowRange r;
+  for (size_t i = 0; i < x.size(); ++i) {
+    if (x[i] >= xIni && x[i] <= xFin) {
+      if (r.first < 0) r.first = static_cast<int>(i);
+      r.last = static_cast<int>(i);
+      ++r.count;
+    }
+  }
+  return r;
+}
+
+GraphicIntegral graphicIntegral(const std::vector<double>& x, const std::vector<double>& y, const RowRange& range,
+                                bool corrected) {
+  GraphicIntegral g;
+  if (range.count < 2) return g;
+  const auto f = static_cast<size_t>(range.first), l = static_cast<size_t>(range.last);
+  g.chordX1 = x[f];
+  g.chordY1 = y[f];
+  g.chordX2 = x[l];
+  g.chordY2 = y[l];
+  const double slope = (y[l] - y[f]) / (x[l] - x[f]);
+  for (size_t i = f; i < l; ++i) {
+    const double dx = std::fabs(x[i + 1] - x[i]);
+    double ym = (y[i] + y[i + 1]) / 2;
+    const double xm = (x[i] + x[i + 1]) / 2;
+    double base = 0;
+    if (corrected) {
+      base = slope * (xm - x[f]) + y[f];
+      ym -= base;
+    }
+    if (std::isnan(dx) || std::isnan(ym)) continue;
+    g.steps.push_back({x[i], x[i + 1], base, ym});
+    const double area = dx * ym;
+    if (area > 0) g.positive += area;
+    else g.negative += area;
+  }
+  return g;
+}
+
+QuadratureSums quadratureSums(const std::vector<double>& y, const RowRange& range, double h) {
+  QuadratureSums q;
+  q.n = range.count;
+  q.h = h;
+  if (range.count < 2) return q;
+  double s1 = 0, s2 = 0, s3 = 0;
+  for (int k = range.first; k <= range.last; ++k) {
+    const double yk = y[static_cast<size_t>(k)];
+    const int position = k - range.first + 1;  // 1-based in the range
+    if (k < range.last) s1 += (yk + y[static_cast<size_t>(k) + 1]) / 2;
+    s2 += (k == range.first || k == range.last ? 0.5 : 1.0) * yk;
+    double s = position % 2 == 0 ? 2.0 : 1.0;
+    if (k == range.first || k == range.last) s = 0.5;
+    else if (k == range.last - 1) s = 2.0;
+    s3 += s * yk;
+  }
+  q.midpoint = s1 * h;
+  q.trapezoid = s2 * h;
+  q.simpson = (s3 * h + s3 * h) / 3;
+  return q;
+}
+
+}  // namespace plot
