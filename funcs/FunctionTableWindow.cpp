@@ -585,6 +585,8 @@ void FunctionTableWindow::refresh() {
 void FunctionTableWindow::showScreenshotState(const QString& state) {
   if (state == QLatin1String("function")) {
     act([&] { table_.mnufunc_Click(); });
+    // A cubic with three zeros and two extrema inside 0..5, so the plot's pictures show them.
+    table_.txtExpression = QStringLiteral("x^3-6*x^2+8*x");
     act([&] { table_.Check1_Click(); });
     act([&] { table_.cmdResult_Click(); });
     while (table_.isTabulating()) runSlice();

@@ -16,6 +16,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -163,7 +164,10 @@ void PlotWindow::buildList() {
   MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
   MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
   MSFlexGrid1->verticalHeader()->hide();
-  MSFlexGrid1->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  // Columns as wide as their numbers: a list of 15-digit values stays on one line each.
+  MSFlexGrid1->setWordWrap(false);
+  MSFlexGrid1->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
   layout->addWidget(Label4, 0, 0);
   layout->addWidget(Image1, 0, 1, Qt::AlignTop);
   layout->addWidget(MSFlexGrid1, 1, 0, 1, 2);
@@ -450,7 +454,13 @@ void PlotWindow::placeList() {
       MSFlexGrid1->setItem(r, c, item);
     }
   }
-  const int width = m.list.kind == PlotModel::ResultList::Kind::Extrema ? 440 : 260;
+  // The list takes the width its columns need, within the picture.
+  MSFlexGrid1->horizontalHeader()->setStretchLastSection(false);
+  MSFlexGrid1->resizeColumnsToContents();
+  const int needed = MSFlexGrid1->horizontalHeader()->length() + 2 * MSFlexGrid1->frameWidth() +
+                     MSFlexGrid1->verticalScrollBar()->sizeHint().width() + 8;
+  MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
+  const int width = std::clamp(needed, 260, std::max(260, Picture2->width() - 2 * PlotModel::kMarginX));
   const int height = std::min(240, Picture2->height() - 2 * PlotModel::kMarginY);
   Picture1->setGeometry(Picture2->width() - PlotModel::kMarginX - width - 8, PlotModel::kMarginY + 8, width, height);
   Picture1->raise();
