@@ -1,11 +1,8 @@
 // The MBox window behind MBoxShow: every button set answered by mouse and by
 // Enter in several kinds, the fields and their values, the timer rules with a
 // clock the test moves, Shift+F10, sounds on activation, and the size.
-// With CALVIX_MBOX_SHOTS set to a folder, each kind is also saved as a PNG
-// (run under Xvfb to look at them).
 #include <QComboBox>
 #include <QDateEdit>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -291,28 +288,6 @@ class MessageBoxWindowTest : public QObject {
     QVERIFY(large.width() <= 640);
     QVERIFY(large.height() > small.height());
     QVERIFY(large.height() < 800);
-  }
-
-  void screenshotsOfEveryKind() {
-    const QString folder = qEnvironmentVariable("CALVIX_MBOX_SHOTS");
-    if (folder.isEmpty()) QSKIP("set CALVIX_MBOX_SHOTS to a folder to save the pictures");
-    QDir().mkpath(folder);
-    for (int kind = 0; kind <= 9; ++kind) {
-      if (kind == 1) setMessageList({QStringLiteral("Windows 9x/ME/NT"), QStringLiteral("Windows 2000/XP/Vista")}, Res(24));
-      if (kind == 5) program().MessageDefault = QStringLiteral("1234,5");
-      whenShown([kind, folder](MBox* box) {
-        QTest::qWait(150);
-        const QPixmap shot = box->grab();
-        shot.save(QDir(folder).filePath(QStringLiteral("mbox-kind%1.png").arg(kind)));
-        box->Label1_Click(0);
-      });
-      const int set = kind == 5 ? 3 : kind == 1 ? 3 : kind == 6 ? 7 : kind == 3 ? 17 : kind;
-      MBoxShow(0,
-               QStringLiteral("Mensaje de prueba de la clase %1.\nSegunda línea del texto, algo más larga que la "
-                              "primera para ver el ajuste.")
-                   .arg(kind),
-               kind, set, 0, QStringLiteral("Calvix  -  Menú Principal  -  Prueba"));
-    }
   }
 };
 
