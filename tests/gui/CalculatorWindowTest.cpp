@@ -9,7 +9,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -30,14 +29,6 @@
 #include "tests/support/GuiTestSupport.h"
 
 namespace {
-
-// The text of a PDF; empty when pdftotext fails.
-QString pdfText(const QString& path) {
-  QProcess p;
-  p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
-  if (!p.waitForFinished(30000) || p.exitCode() != 0) return {};
-  return QString::fromUtf8(p.readAllStandardOutput());
-}
 
 void doubleClickRow(HistoryListView* list, int row) {
   list->setCurrentRow(row);  // scrolled into view
