@@ -66,11 +66,12 @@ class SettingsTest : public CalvixTest {
     s.EventsFile = eventsFile;
     s.LoadEventsFile = 1;
   }
-  // Writes the settings and starts again from nothing, as a new run does.
-  void writeAndClear() {
-    ASSERT_TRUE(WriteSettings());
+  // Reads the settings into a state cleared as a new run starts it.
+  static bool reread() {
     clearSettings(program());
+    return ReadSettings();
   }
+  static bool writeAndReread() { return WriteSettings() && reread(); }
   struct Host : ControlCentreHost {
     QString applicationPath() override { return path; }
     void waitWithEvents(float) override {}
@@ -114,15 +115,13 @@ TEST_F(SettingsTest, DefaultsReadBackToTheSameVariablesAndWriteIdentically) {
   program().Language = 1;
   ASSERT_EQ(writeSettingsFile(settingsPath(), program()), 0);
   ProgramState copy = program();
-  clearSettings(program());
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(reread());
   EXPECT_TRUE(messages.shown().empty());
   expectSameSettings(program(), copy);
   EXPECT_EQ(settingsBytes(program()), settingsBytes(copy));
   // "IDIOMA" 0 is written as 1.
   program().Language = 0;
-  writeAndClear();
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(writeAndReread());
   EXPECT_EQ(program().Language, 1);
 }
 
@@ -135,8 +134,7 @@ TEST_F(SettingsTest, EveryKindOfValueSurvivesARoundTrip) {
   ASSERT_TRUE(WriteSettings());
   ProgramState expected = program();
   expected.CalendarDates[0] = rt::DateSerial(2024, 2, 29);
-  clearSettings(program());
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(reread());
   expectSameSettings(program(), expected);
   EXPECT_EQ(program().TextColour, 11902587.0f);
   EXPECT_EQ(program().Currency1.toText(), QStringLiteral("€uro"));
@@ -145,13 +143,11 @@ TEST_F(SettingsTest, EveryKindOfValueSurvivesARoundTrip) {
 
 TEST_F(SettingsTest, A64BitFloatKeepsFifteenDigitsAsTheClassicFormWritesThem) {
   program().Memories[0] = 1.0 / 3.0;
-  writeAndClear();
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(writeAndReread());
   EXPECT_EQ(program().Memories[0], 0.333333333333333);
   // From there on the value is stable.
   const QByteArray once = settingsBytes(program());
-  writeAndClear();
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(writeAndReread());
   EXPECT_EQ(settingsBytes(program()), once);
 }
 
@@ -163,16 +159,14 @@ TEST_F(SettingsTest, KeysAreNeverComparedOnlyPositionsCount) {
     bytes.replace(QByteArray(QByteArray("\"") + key + "\""), QByteArray("\"some other key\""));
   }
   writeBytes(bytes);
-  clearSettings(program());
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(reread());
   expectSameSettings(program(), expected);
 }
 
 // ---- Damaged files -------------------------------------------------------------------
 
 TEST_F(SettingsTest, AMissingFileShowsThePreparedMessage) {
-  clearSettings(program());
-  EXPECT_FALSE(ReadSettings());
+  EXPECT_FALSE(reread());
   ASSERT_EQ(messages.shown().size(), 1u);
   const MessageRequest& m = messages.shown()[0];
   EXPECT_EQ(m.kind, 3);
@@ -194,8 +188,7 @@ TEST_F(SettingsTest, AFileShortByOneValueFailsAtItsEndAndKeepsWhatWasRead) {
   for (int i = 0; i < 49; ++i) line = bytes.indexOf("\r\n", line) + 2;
   bytes.remove(line, bytes.indexOf("\r\n", line) + 2 - line);
   writeBytes(bytes);
-  clearSettings(program());
-  EXPECT_FALSE(ReadSettings());
+  EXPECT_FALSE(reread());
   EXPECT_EQ(messages.shown().size(), 1u);
   // Everything before the gap holds its file value.
   EXPECT_EQ(program().WebAddress, written.WebAddress);
@@ -250,8 +243,7 @@ TEST_F(SettingsTest, AQuoteInTheWebAddressDamagesOnlyWhatFollowsIt) {
   const ProgramState written = program();
   // A quote alone cuts the address there; the reading goes on in step.
   program().WebAddress = QStringLiteral("http://a\"b");
-  writeAndClear();
-  EXPECT_TRUE(ReadSettings());
+  EXPECT_TRUE(writeAndReread());
   EXPECT_EQ(program().WebAddress, QStringLiteral("http://a"));
   EXPECT_EQ(program().Language, written.Language);
   EXPECT_EQ(program().LotteryFavourites[2][48], written.LotteryFavourites[2][48]);
@@ -260,9 +252,9 @@ TEST_F(SettingsTest, AQuoteInTheWebAddressDamagesOnlyWhatFollowsIt) {
   // message comes, and what stood before the address is intact.
   fillUnusual(program(), QString());
   program().WebAddress = QStringLiteral("http://a\",b");
-  writeAndClear();
+  ASSERT_TRUE(WriteSettings());
   messages.clear();
-  EXPECT_FALSE(ReadSettings());
+  EXPECT_FALSE(reread());
   EXPECT_EQ(messages.shown().size(), 1u);
   EXPECT_EQ(program().OsFamily, written.OsFamily);
   EXPECT_EQ(program().SessionCounter, written.SessionCounter);
@@ -315,8 +307,7 @@ TEST_F(SettingsTest, ADeletedEventsFileIsForgottenAndTheForgettingReachesTheDisk
   program().LoadEventsFile = 1;
   ASSERT_TRUE(WriteSettings());
   QFile::remove(events);
-  clearSettings(program());
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(reread());
   EXPECT_EQ(program().EventsFile, QString());
   EXPECT_EQ(program().LoadEventsFile, 0);
   ASSERT_TRUE(WriteSettings());
@@ -366,8 +357,7 @@ TEST_F(SettingsTest, SettingsSurviveTwoRunsOfTheControlCentre) {
     EXPECT_EQ(p.SessionCounter, 2);
     p.Memories[0] = -7;
   });
-  clearSettings(program());
-  ASSERT_TRUE(ReadSettings());
+  ASSERT_TRUE(reread());
   EXPECT_EQ(program().Memories[0], -7);
   EXPECT_EQ(program().SessionCounter, 2);
   EXPECT_EQ(program().Language, 1);
