@@ -86,15 +86,16 @@ class PlotModelTest : public CalvixTest {
 };
 
 TEST_F(PlotModelTest, FormatAxisNumberSwitchesToExponentsAtTheEdges) {
-  m.decimals = 2;
-  EXPECT_EQ(m.formatAxisNumber(12345.678), QStringLiteral("1.23e+04"));
-  EXPECT_EQ(m.formatAxisNumber(0.00005), QStringLiteral("5.00e-05"));
-  EXPECT_EQ(m.formatAxisNumber(0.0001), QStringLiteral("1.00e-04"));
-  EXPECT_EQ(m.formatAxisNumber(-3.14159), QStringLiteral("-3.14"));
-  EXPECT_EQ(m.formatAxisNumber(0), QStringLiteral("0"));
-  m.decimals = 0;
-  EXPECT_EQ(m.formatAxisNumber(2.5), QStringLiteral("2"));
-  EXPECT_EQ(m.formatAxisNumber(3.5), QStringLiteral("4"));
+  const struct {
+    int decimals;
+    double x;
+    const char* text;
+  } rows[] = {{2, 12345.678, "1.23e+04"}, {2, 0.00005, "5.00e-05"}, {2, 0.0001, "1.00e-04"}, {2, -3.14159, "-3.14"},
+              {2, 0, "0"},              {0, 2.5, "2"},             {0, 3.5, "4"}};
+  for (const auto& r : rows) {
+    m.decimals = r.decimals;
+    EXPECT_EQ(m.formatAxisNumber(r.x), QString::fromLatin1(r.text)) << r.x;
+  }
   useComma();
   m.decimals = 1;
   EXPECT_EQ(m.formatAxisNumber(2.25), QStringLiteral("2,2"));
