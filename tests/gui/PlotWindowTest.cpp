@@ -1,7 +1,8 @@
 // The plot window: it opens from the table's plot button on the table's
 // data with its controls under their names, a limit typed and validated
-// with Enter moves the scale, the menus reach the model, and the printed page
-// (PDF) carries the same picture as the screen.
+// with Enter moves the scale, the menus reach the model, the asymptote rule
+// shows in the pixels of the picture, and the printed page (PDF) carries the
+// same picture as the screen.
 #include <QAction>
 #include <QApplication>
 #include <QMouseEvent>
@@ -146,6 +147,36 @@ class PlotWindowTest : public QObject {
     w.findChild<QPushButton*>(QStringLiteral("Command15"))->click();
     QVERIFY(m.integralGRAF);
     QCOMPARE(m.Text5Tag[0], 5.0);
+  }
+
+  // tan(x) over -3..3 with 200 points: the samples either side of pi/2 are
+  // about 55 and -82. Between them, the middle of the picture's height holds
+  // curve pixels only when the two are joined.
+  void asymptoteRuleShowsInThePixels() {
+    FunctionTable t;
+    tabulate(t, QStringLiteral("tan(x)"), QStringLiteral("-3"), QStringLiteral("3"), 200);
+    PlotModel m(t);
+    m.Form_Resize(760, 520);
+    m.Form_Load();
+    auto strokePixels = [&m] {
+      const QImage image = renderPlotImage(m, 760, 520).convertToFormat(QImage::Format_RGB32);
+      const double step = 6.0 / 199;
+      const int row = static_cast<int>(std::floor((M_PI / 2 + 3) / step));
+      const double x1 = -3 + row * step, x2 = x1 + step;
+      int count = 0;
+      for (double pole : {M_PI / 2, -M_PI / 2}) {
+        const double a = pole > 0 ? x1 : -x2, b = pole > 0 ? x2 : -x1;
+        const int left = static_cast<int>(std::ceil((a - m.ScaleLeft) / m.unitX)) + 1;
+        const int right = static_cast<int>(std::floor((b - m.ScaleLeft) / m.unitX)) - 1;
+        for (int px = left; px <= right; ++px) {
+          for (int py = 200; py <= 320; ++py) count += near(image.pixel(px, py), m.colour(PlotModel::kCurveF));
+        }
+      }
+      return count;
+    };
+    QCOMPARE(strokePixels(), 0);
+    m.NoUnirPolos_Click();
+    QVERIFY(strokePixels() > 100);
   }
 
   // The page of a PDF print, rasterised, shows the curve where the screen shows it.
