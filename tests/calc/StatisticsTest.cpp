@@ -140,19 +140,15 @@ TEST_F(StatisticsTest, PairKeysNeedEqualCounts) {
 
 TEST_F(StatisticsTest, PairKeysAndEstimates) {
   keys(e, "1 X 2 Y 2 X 4 Y 3 X 6 Y");
-  keys(e, "Command16(0)");
-  EXPECT_EQ(e.result.text(), QStringLiteral("12"));
-  keys(e, "Command16(1)");
-  EXPECT_EQ(e.result.text(), QStringLiteral("28"));
-  keys(e, "Command16(4)");
-  EXPECT_EQ(e.result.text(), QStringLiteral("2"));
+  // Command16(2) is the sum of x*y over the sum of y.
+  const char* const results[][2] = {{"Command16(0)", "12"}, {"Command16(1)", "28"}, {"Command16(5)", "0"},
+                                    {"Command16(6)", "1"},  {"Command16(2)", "2.33333333333333"},
+                                    {"Command16(4)", "2"}};
+  for (const auto& r : results) {
+    keys(e, r[0]);
+    EXPECT_EQ(e.result.text(), QString::fromLatin1(r[1])) << r[0];
+  }
   EXPECT_EQ(e.func, QStringLiteral("a  (") + Res(4201) + QLatin1Char(')'));
-  keys(e, "Command16(5)");
-  EXPECT_EQ(e.result.text(), QStringLiteral("0"));
-  keys(e, "Command16(6)");
-  EXPECT_EQ(e.result.text(), QStringLiteral("1"));
-  keys(e, "Command16(2)");  // sum of x*y over the sum of y
-  EXPECT_EQ(e.result.text(), QStringLiteral("2.33333333333333"));
   keys(e, "10 Command84(0)");
   EXPECT_EQ(e.numero.text(), QStringLiteral("5"));
   keys(e, "10 Command84(1)");

@@ -1,6 +1,9 @@
 #pragma once
 // An evaluator with the math library published, as the function table has it,
 // on a fresh program state (decimal point, Spanish texts, scripted messages).
+#include <initializer_list>
+#include <utility>
+
 #include "funcs/AddInFunctions.h"
 #include "funcs/Evaluator.h"
 #include "tests/support/TestSupport.h"
@@ -32,6 +35,19 @@ class EvalTest : public CalvixTest {
       return e.number();
     }
     return 0;
+  }
+
+  struct Value {
+    const char* text;
+    double value;
+  };
+  // Each text evaluates to exactly its value.
+  void expectValues(std::initializer_list<Value> rows) {
+    for (const Value& r : rows) EXPECT_EQ(num(QString::fromUtf8(r.text)), r.value) << r.text;
+  }
+  // Each text fails in the engine with its number.
+  void expectFailures(std::initializer_list<std::pair<const char*, int>> rows) {
+    for (const auto& [text, number] : rows) EXPECT_EQ(failure(QString::fromUtf8(text)), number) << text;
   }
 
   AddInFunctions library;

@@ -7,17 +7,8 @@
 #include "shell/Strings.h"
 #include "tests/funcs/EvalTestSupport.h"
 
-namespace {
-
-struct Row {
-  const char* text;
-  double value;
-};
-
-}  // namespace
-
 TEST_F(EvalTest, PrecedenceAndAssociativityFollowTheScriptingLanguage) {
-  const Row rows[] = {
+  expectValues({
       {"-2^2", 4},            // negation binds tighter than ^
       {"2^-1", 0.5},          // a sign after ^ belongs to the exponent
       {"2^3^2", 64},          // ^ associates to the left
@@ -46,20 +37,16 @@ TEST_F(EvalTest, PrecedenceAndAssociativityFollowTheScriptingLanguage) {
       {"Not 5", -6},
       {"1 + 2 = 3", -1},
       {"1 < 2 = True", -1},   // comparisons chain to the left
-  };
-  for (const Row& r : rows) EXPECT_EQ(num(QString::fromUtf8(r.text)), r.value) << r.text;
+  });
   EXPECT_EQ(txt(QStringLiteral("1 & 2 + 3")), QStringLiteral("15"));  // & is below +
 }
 
 TEST_F(EvalTest, IntegerDivisionAndModRoundTheirOperandsHalfToEven) {
-  const Row rows[] = {
+  expectValues({
       {"7.5 \\ 2", 4}, {"6.5 \\ 2", 3}, {"-7 \\ 2", -3}, {"7 \\ 2.5", 3},
       {"-7 Mod 3", -1}, {"7 Mod -3", 1}, {"7.5 Mod 2", 0}, {"6.5 Mod 4", 2},
-  };
-  for (const Row& r : rows) EXPECT_EQ(num(QString::fromUtf8(r.text)), r.value) << r.text;
-  EXPECT_EQ(failure(QStringLiteral("5 \\ 0.4")), 11);  // 0.4 rounds to 0
-  EXPECT_EQ(failure(QStringLiteral("5 Mod 0")), 11);
-  EXPECT_EQ(failure(QStringLiteral("3e9 \\ 2")), 6);   // beyond 32 bits
+  });
+  expectFailures({{"5 \\ 0.4", 11}, {"5 Mod 0", 11}, {"3e9 \\ 2", 6}});  // 0.4 rounds to 0; 3e9 is beyond 32 bits
 }
 
 TEST_F(EvalTest, ComparisonsGiveBooleansAndLogicalOperatorsKeepThem) {
@@ -78,35 +65,21 @@ TEST_F(EvalTest, ComparisonsGiveBooleansAndLogicalOperatorsKeepThem) {
 
 TEST_F(EvalTest, NamesAndKeywordsIgnoreCaseAndBlanksAreFree) {
   engine.AddCode(QStringLiteral("Alpha=2"));
-  EXPECT_EQ(num(QStringLiteral("ALPHA * alpha")), 4);
-  EXPECT_EQ(num(QStringLiteral("SIN(0) + sIn(0) + COSF(0)")), 0);
-  EXPECT_EQ(num(QStringLiteral("7 MOD 4 + 1 mod 1")), 3);
-  EXPECT_EQ(num(QStringLiteral("  \t2 *\t3   ")), 6);
-  EXPECT_EQ(num(QStringLiteral("2*3")), 6);
-  EXPECT_EQ(num(QStringLiteral("pi")), 4 * std::atan(1.0));
-  EXPECT_EQ(num(QStringLiteral("Pi()")), 4 * std::atan(1.0));
+  expectValues({{"ALPHA * alpha", 4}, {"SIN(0) + sIn(0) + COSF(0)", 0}, {"7 MOD 4 + 1 mod 1", 3},
+                {"  \t2 *\t3   ", 6}, {"2*3", 6}, {"pi", 4 * std::atan(1.0)}, {"Pi()", 4 * std::atan(1.0)}});
 }
 
 TEST_F(EvalTest, NumberLiteralsTakeThePointAndAnExponent) {
-  EXPECT_EQ(num(QStringLiteral(".5")), 0.5);
-  EXPECT_EQ(num(QStringLiteral("5.")), 5);
-  EXPECT_EQ(num(QStringLiteral("1.5E+3")), 1500);
-  EXPECT_EQ(num(QStringLiteral("2e-3")), 0.002);
-  EXPECT_EQ(num(QStringLiteral("1e-400")), 0);
-  EXPECT_EQ(num(QStringLiteral("0.1")), 0.1);  // the nearest double, as the compiler of C++ reads it
-  EXPECT_EQ(num(QStringLiteral("123456789012345678901234567890")), 123456789012345678901234567890.0);
-  EXPECT_EQ(num(QStringLiteral("&H10 + &o10")), 24);
-  EXPECT_EQ(num(QStringLiteral("&HFFFF")), -1);  // 16 bits: two's complement
-  EXPECT_EQ(num(QStringLiteral("&H10000")), 65536);
-  EXPECT_EQ(failure(QStringLiteral("1e400")), 6);
-  EXPECT_EQ(failure(QStringLiteral("&H100000000")), 6);
+  // 0.1 is the nearest double, as the compiler of C++ reads it; &HFFFF is 16 bits in two's complement.
+  expectValues({{".5", 0.5}, {"5.", 5}, {"1.5E+3", 1500}, {"2e-3", 0.002}, {"1e-400", 0}, {"0.1", 0.1},
+                {"123456789012345678901234567890", 123456789012345678901234567890.0}, {"&H10 + &o10", 24},
+                {"&HFFFF", -1}, {"&H10000", 65536}, {"32767 + 1", 32768}, {"2147483647 * 2", 4294967294.0}});
+  expectFailures({{"1e400", 6}, {"&H100000000", 6}});
   // Literal types: 16-bit, 32-bit, then 64-bit float; arithmetic widens.
   EXPECT_EQ(engine.Eval(QStringLiteral("32767")).type(), rt::VType::Integer);
   EXPECT_EQ(engine.Eval(QStringLiteral("32768")).type(), rt::VType::Long);
   EXPECT_EQ(engine.Eval(QStringLiteral("-32768")).type(), rt::VType::Long);
   EXPECT_EQ(engine.Eval(QStringLiteral("2147483648")).type(), rt::VType::Double);
-  EXPECT_EQ(num(QStringLiteral("32767 + 1")), 32768);
-  EXPECT_EQ(num(QStringLiteral("2147483647 * 2")), 4294967294.0);
   // The variant machine keeps the integer types through the arithmetic.
   engine.setFastPath(false);
   EXPECT_EQ(engine.Eval(QStringLiteral("32767 + 1")).type(), rt::VType::Long);
@@ -134,11 +107,7 @@ TEST_F(EvalTest, LanguageFunctionsWorkInRadiansWhateverTheAngleMode) {
   EXPECT_EQ(num(QStringLiteral("Sqr(16) + Exp(0) + Log(1)")), 5);
   EXPECT_EQ(num(QStringLiteral("Round(2.5) + Round(3.5) + Round(2.345, 2)")), 2 + 4 + 2.34);
   EXPECT_EQ(num(QStringLiteral("CInt(2.5) + CLng(3.5) + CDbl(\"1.25\")")), 2 + 4 + 1.25);
-  EXPECT_EQ(failure(QStringLiteral("Sqr(-1)")), 5);
-  EXPECT_EQ(failure(QStringLiteral("Log(0)")), 5);
-  EXPECT_EQ(failure(QStringLiteral("Exp(710)")), 6);
-  EXPECT_EQ(failure(QStringLiteral("CInt(32767.5)")), 6);
-  EXPECT_EQ(failure(QStringLiteral("Round(1, -1)")), 5);
+  expectFailures({{"Sqr(-1)", 5}, {"Log(0)", 5}, {"Exp(710)", 6}, {"CInt(32767.5)", 6}, {"Round(1, -1)", 5}});
   EXPECT_EQ(num(QStringLiteral("Round(1.25, 2147483647)")), 1.25);  // any number of decimals
   const double r = num(QStringLiteral("Rnd"));
   EXPECT_TRUE(r >= 0 && r < 1);
@@ -148,23 +117,13 @@ TEST_F(EvalTest, LanguageFunctionsWorkInRadiansWhateverTheAngleMode) {
 }
 
 TEST_F(EvalTest, ArithmeticFailuresAreEngineFailuresWithTheirNumbers) {
-  const struct {
-    const char* text;
-    int number;
-  } rows[] = {
-      {"1/0", 11},         {"0/0", 6},           {"1e308*10", 6},      {"-1e308-1e308", 6},
-      {"(-8)^(1/3)", 5},   {"0^-1", 5},          {"10^400", 6},        {"1/(1e308*10)", 6},
-      {"pow(-8,1/3)", 5},  {"pow(0,2)", 5},      {"\"x\" Is 1", 424},
-  };
-  for (const auto& r : rows) EXPECT_EQ(failure(QString::fromUtf8(r.text)), r.number) << r.text;
+  expectFailures({{"1/0", 11}, {"0/0", 6}, {"1e308*10", 6}, {"-1e308-1e308", 6}, {"(-8)^(1/3)", 5}, {"0^-1", 5},
+                  {"10^400", 6}, {"1/(1e308*10)", 6}, {"pow(-8,1/3)", 5}, {"pow(0,2)", 5}, {"\"x\" Is 1", 424}});
   EXPECT_EQ(num(QStringLiteral("(-8)^3")), -512);  // a negative base with a whole exponent is fine
 }
 
 TEST_F(EvalTest, SyntaxErrorsNameWhatWasExpected) {
-  const struct {
-    const char* text;
-    int number;
-  } rows[] = {
+  expectFailures({
       {"", EvalError::kExpectedExpression},       {"   ", EvalError::kExpectedExpression},
       {"1+", EvalError::kExpectedExpression},     {"*2", EvalError::kExpectedExpression},
       {"(1", EvalError::kExpectedCloseParen},     {"sin(1", EvalError::kExpectedCloseParen},
@@ -175,8 +134,7 @@ TEST_F(EvalTest, SyntaxErrorsNameWhatWasExpected) {
       {"\"abc", EvalError::kUnterminatedString},  {"1.2.3", EvalError::kExpectedEndOfStatement},
       {"a.b", EvalError::kObjectRequired},        {"MathFunction.nothing(1)", EvalError::kObjectMember},
       {"Mod", EvalError::kExpectedExpression},    {"2e", EvalError::kExpectedEndOfStatement},
-  };
-  for (const auto& r : rows) EXPECT_EQ(failure(QString::fromUtf8(r.text)), r.number) << r.text;
+  });
   try {
     engine.Eval(QStringLiteral("1 + $"));
     FAIL() << "no failure";

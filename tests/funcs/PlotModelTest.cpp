@@ -79,21 +79,23 @@ class PlotModelTest : public CalvixTest {
     m.Form_Load();
   }
   QString lastMessage() const { return messages.shown().empty() ? QString() : messages.shown().back().text; }
+  QStringList limits(size_t a, size_t b) const { return {m.Text1[a], m.Text1[b]}; }
 
   FunctionTable t;
   PlotModel m{t};
 };
 
 TEST_F(PlotModelTest, FormatAxisNumberSwitchesToExponentsAtTheEdges) {
-  m.decimals = 2;
-  EXPECT_EQ(m.formatAxisNumber(12345.678), QStringLiteral("1.23e+04"));
-  EXPECT_EQ(m.formatAxisNumber(0.00005), QStringLiteral("5.00e-05"));
-  EXPECT_EQ(m.formatAxisNumber(0.0001), QStringLiteral("1.00e-04"));
-  EXPECT_EQ(m.formatAxisNumber(-3.14159), QStringLiteral("-3.14"));
-  EXPECT_EQ(m.formatAxisNumber(0), QStringLiteral("0"));
-  m.decimals = 0;
-  EXPECT_EQ(m.formatAxisNumber(2.5), QStringLiteral("2"));
-  EXPECT_EQ(m.formatAxisNumber(3.5), QStringLiteral("4"));
+  const struct {
+    int decimals;
+    double x;
+    const char* text;
+  } rows[] = {{2, 12345.678, "1.23e+04"}, {2, 0.00005, "5.00e-05"}, {2, 0.0001, "1.00e-04"}, {2, -3.14159, "-3.14"},
+              {2, 0, "0"},              {0, 2.5, "2"},             {0, 3.5, "4"}};
+  for (const auto& r : rows) {
+    m.decimals = r.decimals;
+    EXPECT_EQ(m.formatAxisNumber(r.x), QString::fromLatin1(r.text)) << r.x;
+  }
   useComma();
   m.decimals = 1;
   EXPECT_EQ(m.formatAxisNumber(2.25), QStringLiteral("2,2"));
@@ -102,13 +104,11 @@ TEST_F(PlotModelTest, FormatAxisNumberSwitchesToExponentsAtTheEdges) {
 TEST_F(PlotModelTest, AutoscaleFollowsTheDataAndRepairsFlatOrReversedAxes) {
   // A constant: the Y limits become value -1 and value +1.
   plotOf(QStringLiteral("2"), QStringLiteral("0"), QStringLiteral("1"), 11);
-  EXPECT_EQ(m.Text1[3], QStringLiteral("1"));
-  EXPECT_EQ(m.Text1[4], QStringLiteral("3"));
+  EXPECT_EQ(limits(3, 4), QStringList({"1", "3"}));
 
   // A descending table: X runs right to left, and every point is inside.
   plotOf(QStringLiteral("x*x"), QStringLiteral("10"), QStringLiteral("0"), 21);
-  EXPECT_EQ(m.Text1[1], QStringLiteral("10"));
-  EXPECT_EQ(m.Text1[2], QStringLiteral("0"));
+  EXPECT_EQ(limits(1, 2), QStringList({"10", "0"}));
   EXPECT_LT(m.ScaleWidth, 0);
   EXPECT_EQ(m.xLow, 0);
   EXPECT_EQ(m.xHigh, 10);
@@ -127,8 +127,7 @@ TEST_F(PlotModelTest, AutoscaleFollowsTheDataAndRepairsFlatOrReversedAxes) {
 
 TEST_F(PlotModelTest, ScaleLeavesTheMarginsAndMapsTheDerivativeAxisOntoTheFrame) {
   plotOf(QStringLiteral("x"), QStringLiteral("0"), QStringLiteral("6"), 7);
-  m.Text1 = {QStringLiteral("-5"), QStringLiteral("0"), QStringLiteral("6"), QStringLiteral("-1"),
-             QStringLiteral("1"), QStringLiteral("5")};
+  m.Text1 = {"-5", "0", "6", "-1", "1", "5"};
   m.applyScale();
   // 80 units free left and right, 70 above and below.
   EXPECT_DOUBLE_EQ((0 - m.ScaleLeft) / m.unitX, 80);
@@ -151,33 +150,28 @@ TEST_F(PlotModelTest, TypedLimitsAreRepairedOnEnterAndMenusMoveThem) {
   m.Text1[3] = QStringLiteral("5");
   m.Text1[4] = QStringLiteral("5");
   m.Text1_Enter();
-  EXPECT_EQ(m.Text1[1], QStringLiteral("0"));
-  EXPECT_EQ(m.Text1[3], QStringLiteral("4"));
+  EXPECT_EQ(limits(1, 3), QStringList({"0", "4"}));
   EXPECT_EQ(m.Text1[4], QStringLiteral("6"));
 
   // (0,0) forced, then back to the data.
   m.autoscale(0);
   EXPECT_EQ(m.Text1[1], QStringLiteral("2"));
   m.menucero1_Click();
-  EXPECT_EQ(m.Text1[1], QStringLiteral("0"));
-  EXPECT_EQ(m.Text1[3], QStringLiteral("0"));
+  EXPECT_EQ(limits(1, 3), QStringList({"0", "0"}));
   EXPECT_EQ(m.Text1[4], QStringLiteral("7"));
   m.menucero1_Click();
   EXPECT_EQ(m.Text1[3], QStringLiteral("4"));
 
   // Bars stand on 0: the lower limit goes to 0, or, with a top of 0, the old bottom goes up.
   m.menubarras_Click();
-  EXPECT_EQ(m.Text1[3], QStringLiteral("0"));
-  EXPECT_EQ(m.Text1[4], QStringLiteral("7"));
+  EXPECT_EQ(limits(3, 4), QStringList({"0", "7"}));
   m.menubarras_Click();
   plotData({1, 2, 3}, {-3, -1, -2});
   m.Text1[4] = QStringLiteral("0");
   m.menubarras_Click();
-  EXPECT_EQ(m.Text1[3], QStringLiteral("0"));
-  EXPECT_EQ(m.Text1[4], QStringLiteral("-3"));
+  EXPECT_EQ(limits(3, 4), QStringList({"0", "-3"}));
   m.menubarras_Click();
-  EXPECT_EQ(m.Text1[3], QStringLiteral("-3"));
-  EXPECT_EQ(m.Text1[4], QStringLiteral("-1"));
+  EXPECT_EQ(limits(3, 4), QStringList({"-3", "-1"}));
 }
 
 TEST_F(PlotModelTest, AsymptoteRuleLeavesThePolesOfTanUnjoined) {
@@ -247,8 +241,7 @@ TEST_F(PlotModelTest, DerivativeNeedsOneMorePointThanItsOrderAndHidesG) {
   EXPECT_TRUE(m.Text1Visible[0] && m.Text1Visible[5]);
   EXPECT_EQ(m.derivativeLabel, QStringLiteral("F'(x)"));
   // The derivative axis: forward differences of x³ from 0.01 to 11.41, rounded outwards.
-  EXPECT_EQ(m.Text1[0], QStringLiteral("0"));
-  EXPECT_EQ(m.Text1[5], QStringLiteral("11.5"));
+  EXPECT_EQ(limits(0, 5), QStringList({"0", "11.5"}));
   m.Picture2_MouseMove(80, 70);
   EXPECT_TRUE(m.Label1.endsWith(QStringLiteral("\ny' = 11.5"))) << m.Label1.toStdString();
   m.menumderiv_Click(1);

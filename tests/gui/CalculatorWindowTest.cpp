@@ -9,7 +9,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -30,14 +29,6 @@
 #include "tests/support/GuiTestSupport.h"
 
 namespace {
-
-// The text of a PDF; empty when pdftotext fails.
-QString pdfText(const QString& path) {
-  QProcess p;
-  p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
-  if (!p.waitForFinished(30000) || p.exitCode() != 0) return {};
-  return QString::fromUtf8(p.readAllStandardOutput());
-}
 
 void doubleClickRow(HistoryListView* list, int row) {
   list->setCurrentRow(row);  // scrolled into view
@@ -64,15 +55,24 @@ class CalculatorWindowTest : public QObject {
     QVERIFY2(b, control);
     QTest::mouseClick(b, Qt::LeftButton);
   }
-  static QString shown(CalculatorWindow& w) { return w.findChild<QLineEdit*>(QStringLiteral("numero"))->text(); }
+  static QString shown(CalculatorWindow& w) { return field(w, "numero"); }
+  static QString field(CalculatorWindow& w, const char* name) {
+    return w.findChild<QLineEdit*>(QLatin1String(name))->text();
+  }
+  static QString result(CalculatorWindow& w) {
+    return w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText();
+  }
+  static bool exposed(CalculatorWindow& w) {
+    w.show();
+    return QTest::qWaitForWindowExposed(&w);
+  }
 
  private Q_SLOTS:
   void init() { prepareGuiTest(); }
 
   void opensWithItsControlsUnderTheirNames() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     QCOMPARE(w.objectName(), QStringLiteral("comand1"));
     QCOMPARE(w.windowTitle(), Res(4103));
     for (const char* name : {"numero", "func", "dcm", "redond", "angulo", "temperat", "ivas", "HexDec"}) {
@@ -81,36 +81,39 @@ class CalculatorWindowTest : public QObject {
     QVERIFY(w.findChild<QPlainTextEdit*>(QStringLiteral("result")));
     QVERIFY(w.findChild<QLabel*>(QStringLiteral("Image3")));
     QVERIFY(w.findChild<HistoryListView*>(QStringLiteral("Combo1")));
-    for (int d = 0; d <= 9; ++d) QVERIFY(w.keyButton(QStringLiteral("Command1"), d));
-    for (int i = 0; i <= 3; ++i) QVERIFY(w.keyButton(QStringLiteral("Command13"), i));
+    QVERIFY(w.findChild<QLabel*>(QStringLiteral("Text5")));
+    QVERIFY(w.findChild<QWidget*>(QStringLiteral("Frame2")));
+    for (const KeypadKey& k : calculatorKeys()) {
+      QPushButton* b = w.keyButton(QString::fromLatin1(k.control), k.index);
+      QVERIFY2(b, qPrintable(keyObjectName(k)));
+      QCOMPARE(b->objectName(), keyObjectName(k));
+    }
     QCOMPARE(shown(w), QStringLiteral("0"));
-    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("ivas"))->text(), QStringLiteral("16 %"));
+    QCOMPARE(field(w, "ivas"), QStringLiteral("16 %"));
     // Fits a 1280x800 screen with room to spare.
     QVERIFY(w.frameGeometry().width() <= 1280 && w.frameGeometry().height() <= 760);
   }
 
   void clickingKeysShowsTheAnswerAndKeepsEqualsFocused() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     click(w, "Command1", 1);
     click(w, "Command1", 2);
     QCOMPARE(w.focusWidget(), w.keyButton(QStringLiteral("Command19")));
     click(w, "Command13", 1);
     click(w, "Command1", 3);
-    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), QStringLiteral("+"));
+    QCOMPARE(field(w, "func"), QStringLiteral("+"));
     click(w, "Command19");
     QCOMPARE(shown(w), QStringLiteral("15"));
-    QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(), QStringLiteral("15"));
+    QCOMPARE(result(w), QStringLiteral("15"));
     // The history panel and its status line follow the engine.
     QCOMPARE(w.findChild<HistoryListView*>(QStringLiteral("Combo1"))->count(), w.engine().Combo1.count());
-    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), QStringLiteral("="));
+    QCOMPARE(field(w, "func"), QStringLiteral("="));
   }
 
   void keysTypedOnAnyControlGoThroughTheKeyMap() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     QWidget* equals = w.keyButton(QStringLiteral("Command19"));
     QTest::keyClicks(equals, QStringLiteral("12*3"));
     QTest::keyClick(equals, Qt::Key_Return);
@@ -129,8 +132,7 @@ class CalculatorWindowTest : public QObject {
 
   void shiftF10OpensTheWindowMenuWithTheFileAndSortMenus() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     QTest::keyClick(w.keyButton(QStringLiteral("Command19")), Qt::Key_F10, Qt::ShiftModifier);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     QVERIFY(menu);
@@ -146,15 +148,14 @@ class CalculatorWindowTest : public QObject {
 
   void divisionByZeroShowsTheMessageAndTheFailurePicture() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     auto* image = w.findChild<QLabel*>(QStringLiteral("Image3"));
     const QImage normal = image->pixmap().toImage();
     click(w, "Command1", 8);
     click(w, "Command13", 3);
     click(w, "Command1", 0);
     click(w, "Command19");
-    QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(), ErrorText(31));
+    QCOMPARE(result(w), ErrorText(31));
     QCOMPARE(shown(w), QStringLiteral("0"));
     QVERIFY(image->pixmap().toImage() != normal);
     click(w, "Command1", 4);  // the next entry ends the error cycle
@@ -163,14 +164,13 @@ class CalculatorWindowTest : public QObject {
 
   void hexModeShowsTheLetterKeys() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     QPushButton* a = w.keyButton(QStringLiteral("Command30"), 0);
     QVERIFY(a);
     QVERIFY(!a->isVisible());
     click(w, "Command22");
     QVERIFY(a->isVisible());
-    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("HexDec"))->text(), QStringLiteral("HEX"));
+    QCOMPARE(field(w, "HexDec"), QStringLiteral("HEX"));
     click(w, "Command30", 0);
     click(w, "Command1", 1);
     QCOMPARE(shown(w), QStringLiteral("&hA1"));
@@ -189,21 +189,9 @@ class CalculatorWindowTest : public QObject {
     QCOMPARE(shown(w), QStringLiteral("1,5"));
   }
 
-  void everyKeyOfTheTableHasItsButton() {
-    CalculatorWindow w;
-    for (const KeypadKey& k : calculatorKeys()) {
-      QPushButton* b = w.keyButton(QString::fromLatin1(k.control), k.index);
-      QVERIFY2(b, qPrintable(keyObjectName(k)));
-      QCOMPARE(b->objectName(), keyObjectName(k));
-    }
-    QVERIFY(w.findChild<QLabel*>(QStringLiteral("Text5")));
-    QVERIFY(w.findChild<QWidget*>(QStringLiteral("Frame2")));
-  }
-
   void functionKeysAndHypLightReachTheEngine() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     auto* light = w.findChild<QLabel*>(QStringLiteral("Text5"));
     QVERIFY(!light->isVisible());
     click(w, "Command43");
@@ -215,13 +203,12 @@ class CalculatorWindowTest : public QObject {
     QTest::keyClicks(&w, QStringLiteral("90"));
     QTest::keyClick(&w, Qt::Key_F9);
     QCOMPARE(shown(w), QStringLiteral("1"));
-    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), QStringLiteral("sin"));
+    QCOMPARE(field(w, "func"), QStringLiteral("sin"));
   }
 
   void constantsPanelOpensOnDemandAndShowsTheUnit() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     auto* frame = w.findChild<QWidget*>(QStringLiteral("Frame2"));
     auto* tabs = w.findChild<QTabWidget*>(QStringLiteral("panels"));
     QVERIFY(!tabs->isTabVisible(tabs->indexOf(frame)));
@@ -231,8 +218,7 @@ class CalculatorWindowTest : public QObject {
     click(w, "Command4", 3);
     QCOMPARE(shown(w), QStringLiteral("6.0221367E+23"));
     // The soft hyphen of the stored unit is drawn as a superscript minus.
-    QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(),
-             Res(4117) + QStringLiteral("\n(mol\u207B\u00B9)"));
+    QCOMPARE(result(w), Res(4117) + QStringLiteral("\n(mol\u207B\u00B9)"));
     click(w, "Command8");
     QVERIFY(!tabs->isTabVisible(tabs->indexOf(frame)));
   }
@@ -241,8 +227,7 @@ class CalculatorWindowTest : public QObject {
     program().Currency1 = QStringLiteral("usd");
     program().Currency2 = QStringLiteral("yen");
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     w.findChild<QTabWidget*>(QStringLiteral("panels"))->setCurrentIndex(1);
     QPushButton* q = w.keyButton(QStringLiteral("Command33"));
     QCOMPARE(q->text(), QStringLiteral("usd\u2192yen"));
@@ -255,28 +240,26 @@ class CalculatorWindowTest : public QObject {
 
   void baseKeyAsksThroughTheMessageBox() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     guiMessages().queueText(QStringLiteral("8"));
     click(w, "Command1", 5);
     click(w, "Command91");
     QCOMPARE(guiMessages().shown().size(), size_t{1});
     QCOMPARE(guiMessages().shown().front().kind, 5);
-    QCOMPARE(w.findChild<QPlainTextEdit*>(QStringLiteral("result"))->toPlainText(), QStringLiteral("05  (Base 8)"));
+    QCOMPARE(result(w), QStringLiteral("05  (Base 8)"));
   }
 
   void memoriesRegistersAndListsAnswerTheMouse() {
     program().Memories[2] = 7;
     WriteRegister(0, 3.25, QStringLiteral("Rojo"));
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
-    auto* field = w.findChild<QLineEdit*>(QStringLiteral("m1(2)"));
-    QCOMPARE(field->text(), QStringLiteral("7"));
-    QTest::mouseDClick(field, Qt::LeftButton);
+    QVERIFY(exposed(w));
+    auto* memory = w.findChild<QLineEdit*>(QStringLiteral("m1(2)"));
+    QCOMPARE(memory->text(), QStringLiteral("7"));
+    QTest::mouseDClick(memory, Qt::LeftButton);
     QCOMPARE(shown(w), QStringLiteral("7"));
     QTest::keyClick(&w, Qt::Key_1, Qt::ShiftModifier);
-    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("m1(0)"))->text(), QStringLiteral("7"));
+    QCOMPARE(field(w, "m1(0)"), QStringLiteral("7"));
     // A register written elsewhere shows in its key's tooltip at once.
     QPushButton* r1 = w.keyButton(QStringLiteral("Command74"), 0);
     QCOMPARE(r1->toolTip(), QStringLiteral("Rojo"));
@@ -300,7 +283,7 @@ class CalculatorWindowTest : public QObject {
     QTest::keyClicks(&w, QStringLiteral("4"));
     doubleClickRow(history, kelvin);
     QCOMPARE(shown(w), QStringLiteral("293.15"));
-    QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), Res(4418));
+    QCOMPARE(field(w, "func"), Res(4418));
 
     // The viewer: a value taken from it, then its clear key shows and empties it.
     w.engine().addViewerLine(QStringLiteral(":   X1 ="), QStringLiteral("-2.5e-01"));
@@ -319,8 +302,7 @@ class CalculatorWindowTest : public QObject {
   // a new list (the cost of a line is measured by calvix_history_bench).
   void aFullHistoryShowsItsEndAndLine4001StartsAgain() {
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     for (int i = 0; i < 3998; ++i) w.engine().addHistoryValue(QString::number(i));
     w.refresh();
     auto* list = w.findChild<HistoryListView*>(QStringLiteral("Combo1"));
@@ -367,8 +349,7 @@ class CalculatorWindowTest : public QObject {
     clearWindowRegistry();
     registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
     CalculatorWindow w;
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(exposed(w));
     auto* chameleon = w.findChild<QPushButton*>(QStringLiteral("chameleonButton1"));
     QTest::mouseClick(chameleon, Qt::RightButton);  // nothing to change while closed
     QVERIFY(!findWindow(WindowId::ExtendedDisplay));

@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -188,10 +187,7 @@ class FunctionTableWindowTest : public QObject {
     QTRY_VERIFY(!w.table().isTabulating());
     control<QAction>(w, "imprimEval")->trigger();
     setPrintPresenter(nullptr);
-    QProcess p;
-    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
-    QVERIFY(p.waitForFinished(30000));
-    const QString text = QString::fromUtf8(p.readAllStandardOutput());
+    const QString text = pdfText(pdf);
     QVERIFY2(text.contains(QStringLiteral("0001")), qPrintable(text.left(400)));
     QVERIFY(text.contains(QStringLiteral("0200")));
     QVERIFY(text.contains(QStringLiteral("F (x) = 2.23*sin(A*x)*(cos(B*x))^2")));

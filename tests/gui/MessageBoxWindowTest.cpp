@@ -1,11 +1,8 @@
 // The MBox window behind MBoxShow: every button set answered by mouse and by
 // Enter in several kinds, the fields and their values, the timer rules with a
 // clock the test moves, Shift+F10, sounds on activation, and the size.
-// With CALVIX_MBOX_SHOTS set to a folder, each kind is also saved as a PNG
-// (run under Xvfb to look at them).
 #include <QComboBox>
 #include <QDateEdit>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -25,9 +22,11 @@
 namespace {
 
 std::vector<std::unique_ptr<QTimer>>& guards();
+void closeLater(int ms);
 
-// Runs act on the box as soon as it is up, while MBoxShow waits in it. The
-// guard of the box before is no longer needed.
+// Runs act on the box as soon as it is up, while MBoxShow waits in it, with
+// a guard that closes it should act fail to. The guard of the box before is
+// no longer needed.
 void whenShown(std::function<void(MBox*)> act) {
   guards().clear();
   auto* poll = new QTimer;
@@ -43,6 +42,7 @@ void whenShown(std::function<void(MBox*)> act) {
     act(box);
   });
   poll->start();
+  closeLater(5000);
 }
 
 // Keeps a box from hanging the test if an action failed to close it. The
@@ -91,7 +91,6 @@ class MessageBoxWindowTest : public QObject {
       for (int button = 0; button < count; ++button) {
         const int kind = (set + button) % 10;
         whenShown([button](MBox* box) { QTest::mouseClick(box->But1[static_cast<size_t>(button)], Qt::LeftButton); });
-        closeLater(3000);
         MBoxShow(0, QStringLiteral("Set %1").arg(set), kind, set);
         QCOMPARE(program().MessageResult, button);
 
@@ -101,7 +100,6 @@ class MessageBoxWindowTest : public QObject {
           QCOMPARE(focus, static_cast<QWidget*>(box->But1[static_cast<size_t>(button)]));
           QTest::keyClick(focus, Qt::Key_Return);
         });
-        closeLater(3000);
         // (Kinds 1 and 5 give their field the focus: Enter there is tested apart.)
         MBoxShow(0, QStringLiteral("Set %1").arg(set), kind == 1 || kind == 5 ? 6 : kind, set, button);
         QCOMPARE(program().MessageResult, button);
@@ -118,7 +116,6 @@ class MessageBoxWindowTest : public QObject {
       QVERIFY(box->isVisible());
       QTest::mouseClick(b, Qt::LeftButton);
     });
-    closeLater(3000);
     MBoxShow(0, QStringLiteral("Press and slide away"), 2, 6);
     QCOMPARE(program().MessageResult, 1);
   }
@@ -131,7 +128,6 @@ class MessageBoxWindowTest : public QObject {
       QVERIFY(box->isVisible());
       box->Label1_Click(1);
     });
-    closeLater(3000);
     MBoxShow(0, QStringLiteral("Esc"), 3, 6);
     QCOMPARE(program().MessageResult, 1);
   }
@@ -147,7 +143,6 @@ class MessageBoxWindowTest : public QObject {
       QCOMPARE(box->inputtxt->text(), QStringLiteral("1,5"));
       QTest::keyClick(box->inputtxt, Qt::Key_Return);
     });
-    closeLater(3000);
     MBoxShow(0, QStringLiteral("Value?"), 5, 3, 1);
     QCOMPARE(program().MessageResult, 0);  // Enter is the first button, whatever the default
     QCOMPARE(program().MessageValue.toText(), QStringLiteral("1,5"));
@@ -163,7 +158,6 @@ class MessageBoxWindowTest : public QObject {
       box->mboxlist->setCurrentIndex(1);
       QTest::mouseClick(box->But1[0], Qt::LeftButton);
     });
-    closeLater(3000);
     MBoxShow(0, QStringLiteral("System?"), 1, 3);
     QCOMPARE(program().MessageValue.toLong(), 2);
 
@@ -182,7 +176,6 @@ class MessageBoxWindowTest : public QObject {
       box->DTPicker1->setDate(QDate(2025, 12, 31));
       box->Label1_Click(0);
     });
-    closeLater(3000);
     MBoxShow(0, QStringLiteral("Date?"), 4, 0);
     QCOMPARE(program().MessageValue.type(), rt::VType::Date);
     QCOMPARE(program().MessageValue.toDouble(), rt::DateSerial(2025, 12, 31));
@@ -200,7 +193,6 @@ class MessageBoxWindowTest : public QObject {
       openAtNine = box->isVisible();
       rt::setClockForTesting(start.addMSecs(10050));
     });
-    closeLater(5000);
     MBoxShow(0, QStringLiteral("Closes by itself"), 4, 6, 1);
     QVERIFY(openAtNine);
     QCOMPARE(program().MessageResult, 0);  // "Si": the first button, not the default one
@@ -217,7 +209,6 @@ class MessageBoxWindowTest : public QObject {
       QVERIFY(!box->Timer1->isActive());
       box->Label1_Click(1);
     });
-    closeLater(5000);
     MBoxShow(0, QStringLiteral("Input"), 5, 3);
     QCOMPARE(program().MessageResult, 1);
   }
@@ -234,7 +225,6 @@ class MessageBoxWindowTest : public QObject {
       openAtFourteen = box->isVisible();
       rt::setClockForTesting(start.addSecs(16));  // past midnight
     });
-    closeLater(5000);
     MBoxShow(0, QStringLiteral("Wake up"), 7, 8, 1, Res(441));
     QVERIFY(openAtFourteen);
     QCOMPARE(program().MessageResult, 0);
@@ -268,7 +258,6 @@ class MessageBoxWindowTest : public QObject {
       QVERIFY(box->isVisible());
       box->Label1_Click(0);
     });
-    closeLater(3000);
     MBoxShow(0, QStringLiteral("Shift+F10"), 4, 0);
   }
 
@@ -291,28 +280,6 @@ class MessageBoxWindowTest : public QObject {
     QVERIFY(large.width() <= 640);
     QVERIFY(large.height() > small.height());
     QVERIFY(large.height() < 800);
-  }
-
-  void screenshotsOfEveryKind() {
-    const QString folder = qEnvironmentVariable("CALVIX_MBOX_SHOTS");
-    if (folder.isEmpty()) QSKIP("set CALVIX_MBOX_SHOTS to a folder to save the pictures");
-    QDir().mkpath(folder);
-    for (int kind = 0; kind <= 9; ++kind) {
-      if (kind == 1) setMessageList({QStringLiteral("Windows 9x/ME/NT"), QStringLiteral("Windows 2000/XP/Vista")}, Res(24));
-      if (kind == 5) program().MessageDefault = QStringLiteral("1234,5");
-      whenShown([kind, folder](MBox* box) {
-        QTest::qWait(150);
-        const QPixmap shot = box->grab();
-        shot.save(QDir(folder).filePath(QStringLiteral("mbox-kind%1.png").arg(kind)));
-        box->Label1_Click(0);
-      });
-      const int set = kind == 5 ? 3 : kind == 1 ? 3 : kind == 6 ? 7 : kind == 3 ? 17 : kind;
-      MBoxShow(0,
-               QStringLiteral("Mensaje de prueba de la clase %1.\nSegunda línea del texto, algo más larga que la "
-                              "primera para ver el ajuste.")
-                   .arg(kind),
-               kind, set, 0, QStringLiteral("Calvix  -  Menú Principal  -  Prueba"));
-    }
   }
 };
 

@@ -1,7 +1,6 @@
 // PrintText on a real printer device: a PDF file, read back with pdftotext.
 // The header, the title and every line of a long text are there, with page
 // breaks at the page's height and a page range honoured.
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -11,14 +10,6 @@
 #include "tests/support/GuiTestSupport.h"
 
 namespace {
-
-// The text of a PDF, pages separated by form feeds; empty when pdftotext fails.
-QString pdfText(const QString& path) {
-  QProcess p;
-  p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
-  if (!p.waitForFinished(30000) || p.exitCode() != 0) return {};
-  return QString::fromUtf8(p.readAllStandardOutput());
-}
 
 QString longText(int lines) {
   QStringList l;

@@ -17,54 +17,23 @@ using namespace rt;
 
 class NumberText : public CalvixTest {};
 
-TEST_F(NumberText, StrPutsABlankBeforeNonNegativeNumbers) {
+TEST_F(NumberText, StrPutsABlankBeforeNonNegativeNumbersAndExponentsOnHugeAndTinyOnes) {
   const struct {
     double x;
     const char* text;
   } rows[] = {
-      {5, " 5"},
-      {-5, "-5"},
-      {0, " 0"},
-      {-0.0, " 0"},  // negative zero shows as zero
-      {1.5, " 1.5"},
-      {-1.5, "-1.5"},
-      {0.5, " 0.5"},
-      {-0.25, "-0.25"},
-      {0.0001, " 0.0001"},
-      {0.00012345, " 0.00012345"},
-      {123456789012345.0, " 123456789012345"},
+      {5, " 5"}, {-5, "-5"}, {0, " 0"}, {-0.0, " 0"},  // negative zero shows as zero
+      {1.5, " 1.5"}, {-1.5, "-1.5"}, {0.5, " 0.5"}, {-0.25, "-0.25"}, {0.0001, " 0.0001"},
+      {0.00012345, " 0.00012345"}, {123456789012345.0, " 123456789012345"},
       {0.1 + 0.2, " 0.3"},  // 15 significant digits hide the binary tail
-      {1.0 / 3.0, " 0.333333333333333"},
-      {2.0 / 3.0, " 0.666666666666667"},
-      {100, " 100"},
-      {1e14, " 100000000000000"},
-  };
-  for (const auto& r : rows) {
-    EXPECT_EQ(Str(r.x), QString::fromLatin1(r.text)) << r.x;
-  }
-}
-
-TEST_F(NumberText, StrUsesTheExponentFormForHugeAndTinyNumbers) {
-  const struct {
-    double x;
-    const char* text;
-  } rows[] = {
-      {1e15, " 1E+15"},
-      {1e18, " 1E+18"},
-      {-1e18, "-1E+18"},
-      {1.5e18, " 1.5E+18"},
-      {1234567890123456.0, " 1.23456789012346E+15"},
-      {1e100, " 1E+100"},
-      {1e-5, " 1E-05"},
-      {-1.5e-7, "-1.5E-07"},
-      {1e-300, " 1E-300"},
-      {std::numeric_limits<double>::max(), " 1.79769313486232E+308"},
+      {1.0 / 3.0, " 0.333333333333333"}, {2.0 / 3.0, " 0.666666666666667"}, {100, " 100"},
+      {1e14, " 100000000000000"}, {1e15, " 1E+15"}, {1e18, " 1E+18"}, {-1e18, "-1E+18"}, {1.5e18, " 1.5E+18"},
+      {1234567890123456.0, " 1.23456789012346E+15"}, {1e100, " 1E+100"}, {1e-5, " 1E-05"},
+      {-1.5e-7, "-1.5E-07"}, {1e-300, " 1E-300"}, {std::numeric_limits<double>::max(), " 1.79769313486232E+308"},
       {std::numeric_limits<double>::denorm_min(), " 4.94065645841247E-324"},
       {999999999999999.5, " 1E+15"},  // rounding to 15 digits carries into the exponent
   };
-  for (const auto& r : rows) {
-    EXPECT_EQ(Str(r.x), QString::fromLatin1(r.text)) << r.x;
-  }
+  for (const auto& r : rows) EXPECT_EQ(Str(r.x), QString::fromLatin1(r.text)) << r.x;
 }
 
 TEST_F(NumberText, SingleFloatsShowSevenDigits) {
@@ -97,36 +66,13 @@ TEST_F(NumberText, ValReadsFromTheLeftAndNeverFails) {
     const char* text;
     double value;
   } rows[] = {
-      {"", 0},
-      {"abc", 0},
-      {"12,5", 12},  // the comma is never a decimal separator for Val
-      {"  34  56  78", 345678},
-      {"12  3.4  5.6", 123.45},  // the second point ends the number
-      {" 12 34", 1234},
-      {"1e3x", 1000},
-      {"1E+3", 1000},
-      {"2.5e-2", 0.025},
-      {"1e", 1},
-      {"1e+", 1},
-      {"1d2", 100},
-      {".5", 0.5},
-      {"-.5", -0.5},
-      {"- 5", -5},
-      {"+7", 7},
-      {"\t3\n4", 34},
-      {"&hFF", 255},
+      {"", 0}, {"abc", 0}, {"12,5", 12},  // the comma is never a decimal separator for Val
+      {"  34  56  78", 345678}, {"12  3.4  5.6", 123.45},  // the second point ends the number
+      {" 12 34", 1234}, {"1e3x", 1000}, {"1E+3", 1000}, {"2.5e-2", 0.025}, {"1e", 1}, {"1e+", 1}, {"1d2", 100},
+      {".5", 0.5}, {"-.5", -0.5}, {"- 5", -5}, {"+7", 7}, {"\t3\n4", 34}, {"&hFF", 255},
       {"&HFFFF", -1},  // four hex digits are a 16-bit value
-      {"&h7FFF", 32767},
-      {"&h10000", 65536},
-      {"&hFFFFFFFF", -1},
-      {"&o17", 15},
-      {"&hZZ", 0},
-      {"&", 0},
-      {"-", 0},
-      {".", 0},
-      {"1.2.3", 1.2},
-      {"12abc", 12},
-      {" -3.25E2 rest", -325},
+      {"&h7FFF", 32767}, {"&h10000", 65536}, {"&hFFFFFFFF", -1}, {"&o17", 15}, {"&hZZ", 0}, {"&", 0}, {"-", 0},
+      {".", 0}, {"1.2.3", 1.2}, {"12abc", 12}, {" -3.25E2 rest", -325},
   };
   for (const auto& r : rows) {
     EXPECT_DOUBLE_EQ(Val(QString::fromLatin1(r.text)), r.value) << '"' << r.text << '"';
@@ -136,35 +82,27 @@ TEST_F(NumberText, ValReadsFromTheLeftAndNeverFails) {
   EXPECT_EQ(Val(QStringLiteral("-1e400")), -std::numeric_limits<double>::max());
   EXPECT_EQ(Val(QStringLiteral(".5e400")), std::numeric_limits<double>::max());
   EXPECT_EQ(Val(QStringLiteral("1e-400")), 0);
-}
-
-TEST_F(NumberText, ValIgnoresTheSystemSeparator) {
+  // Nor does the system's separator change it.
   useComma();
   EXPECT_DOUBLE_EQ(Val(QStringLiteral("12,5")), 12);
   EXPECT_DOUBLE_EQ(Val(QStringLiteral("12.5")), 12.5);
 }
 
-TEST_F(NumberText, LocaleReadingOnAPointSystem) {
-  usePoint();
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("12.5")), 12.5);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("12,5")), 125);  // the comma groups
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("1,234,567.5")), 1234567.5);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("  -3.5  ")), -3.5);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("+3")), 3);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("1E+18")), 1e18);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("1.5e-7")), 1.5e-7);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("&hFF")), 255);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("&hFFFF")), -1);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral(".5")), 0.5);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("5.")), 5);
-}
-
-TEST_F(NumberText, LocaleReadingOnACommaSystem) {
-  useComma();
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("12,5")), 12.5);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("12.5")), 125);  // the point groups
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("-1,5E+18")), -1.5e18);
-  EXPECT_DOUBLE_EQ(TextToDouble(QStringLiteral("0,")), 0);
+TEST_F(NumberText, LocaleReadingTakesTheSystemSeparatorAndGroupsWithTheOther) {
+  const struct {
+    bool comma;
+    const char* text;
+    double value;
+  } rows[] = {
+      {false, "12.5", 12.5}, {false, "12,5", 125}, {false, "1,234,567.5", 1234567.5}, {false, "  -3.5  ", -3.5},
+      {false, "+3", 3}, {false, "1E+18", 1e18}, {false, "1.5e-7", 1.5e-7}, {false, "&hFF", 255},
+      {false, "&hFFFF", -1}, {false, ".5", 0.5}, {false, "5.", 5}, {true, "12,5", 12.5}, {true, "12.5", 125},
+      {true, "-1,5E+18", -1.5e18}, {true, "0,", 0},
+  };
+  for (const auto& r : rows) {
+    r.comma ? useComma() : usePoint();
+    EXPECT_DOUBLE_EQ(TextToDouble(QString::fromLatin1(r.text)), r.value) << r.text << (r.comma ? " (comma)" : "");
+  }
   double v = 0;
   EXPECT_FALSE(tryTextToDouble(QStringLiteral("1,2,3"), v));  // one decimal separator only
 }
@@ -217,19 +155,6 @@ TEST_F(NumberText, HexAndOctRoundFirstAndUseTwosComplement) {
   EXPECT_THROW(Hex(2147483648.0), RuntimeError);
 }
 
-TEST_F(NumberText, SignificantDigitsGiveDigitsAndExponent) {
-  DecimalDigits d = significantDigits(-1234.5, 15);
-  EXPECT_TRUE(d.negative);
-  EXPECT_EQ(d.digits, QStringLiteral("12345"));
-  EXPECT_EQ(d.exponent, 3);
-  d = significantDigits(0.00705, 15);
-  EXPECT_EQ(d.digits, QStringLiteral("705"));
-  EXPECT_EQ(d.exponent, -3);
-  d = significantDigits(0, 15);
-  EXPECT_EQ(d.digits, QStringLiteral("0"));
-  EXPECT_FALSE(d.negative);
-}
-
 namespace {
 // The digits of x correctly rounded to `precision` significant digits, the
 // slow and plain way, without trailing zeros.
@@ -256,7 +181,9 @@ TEST_F(NumberText, SignificantDigitsAreTheCorrectlyRoundedDigits) {
   std::mt19937_64 gen(99);
   std::vector<double> values = {5e-324, 2.2250738585072014e-308, 1.7976931348623157e308, 1234567890123455.0,
                                 1234567890123465.0, 0.1, 1.0 / 3, 2.0 / 3, 9.9999999999999995e22, 999999999999999.5,
-                                0.30000000000000004, 123456.78901234549, 1e15, 1e16, 1e-5};
+                                0.30000000000000004, 123456.78901234549, 1e15, 1e16, 1e-5, -1234.5, 0.00705};
+  EXPECT_EQ(significantDigits(0, 15).digits, QStringLiteral("0"));
+  EXPECT_FALSE(significantDigits(0, 15).negative);
   for (int i = 0; i < 300000; ++i) {
     double x = 0;
     switch (i % 4) {

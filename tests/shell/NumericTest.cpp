@@ -2,6 +2,7 @@
 // functions with their failures.
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "shell/Numeric.h"
 #include "shell/RuntimeError.h"
@@ -9,40 +10,26 @@
 
 using namespace rt;
 
-TEST(Numeric, SixteenBitConversionRoundsHalvesToEvenAndFailsOutOfRange) {
-  EXPECT_EQ(CInt(2.5), 2);
-  EXPECT_EQ(CInt(3.5), 4);
-  EXPECT_EQ(CInt(-2.5), -2);
-  EXPECT_EQ(CInt(-3.5), -4);
-  EXPECT_EQ(CInt(2.4999), 2);
-  EXPECT_EQ(CInt(2.5001), 3);
-  EXPECT_EQ(CInt(32767), 32767);
-  EXPECT_EQ(CInt(32767.4), 32767);
-  EXPECT_EQ(CInt(-32768.5), -32768);  // rounds to the even -32768, inside the range
-  EXPECT_EQ(errorOf([] { CInt(32767.5); }), kOverflow);  // rounds to 32768
-  EXPECT_EQ(errorOf([] { CInt(-32769); }), kOverflow);
-  EXPECT_EQ(errorOf([] { CInt(-32768.51); }), kOverflow);
-  EXPECT_EQ(errorOf([] { CInt(std::nan("")); }), kOverflow);
-  EXPECT_EQ(errorOf([] { CInt(1e300); }), kOverflow);
-}
-
-TEST(Numeric, ThirtyTwoBitConversionHasTheSameRule) {
-  EXPECT_EQ(CLng(2147483647.4), 2147483647);
-  EXPECT_EQ(CLng(-2147483648.5), std::numeric_limits<std::int32_t>::min());
-  EXPECT_EQ(CLng(0.5), 0);
-  EXPECT_EQ(CLng(1.5), 2);
-  EXPECT_EQ(errorOf([] { CLng(2147483647.5); }), kOverflow);
-  EXPECT_EQ(errorOf([] { CLng(-2147483649.0); }), kOverflow);
+TEST(Numeric, ConversionsRoundHalvesToEvenAndFailOutOfRange) {
+  // -32768.5 rounds to the even -32768, inside the range; 32767.5 to 32768, outside.
+  const std::pair<double, int> sixteen[] = {{2.5, 2},     {3.5, 4},       {-2.5, -2},       {-3.5, -4}, {2.4999, 2},
+                                            {2.5001, 3},  {32767, 32767}, {32767.4, 32767}, {-32768.5, -32768}};
+  for (const auto& [x, n] : sixteen) EXPECT_EQ(CInt(x), n) << x;
+  for (double x : {32767.5, -32769.0, -32768.51, std::nan(""), 1e300}) {
+    EXPECT_EQ(errorOf([x] { CInt(x); }), kOverflow) << x;
+  }
+  const std::pair<double, std::int32_t> thirtyTwo[] = {
+      {2147483647.4, 2147483647}, {-2147483648.5, std::numeric_limits<std::int32_t>::min()}, {0.5, 0}, {1.5, 2}};
+  for (const auto& [x, n] : thirtyTwo) EXPECT_EQ(CLng(x), n) << x;
+  for (double x : {2147483647.5, -2147483649.0}) EXPECT_EQ(errorOf([x] { CLng(x); }), kOverflow) << x;
 }
 
 TEST(Numeric, IntGoesDownAndFixGoesTowardsZero) {
-  EXPECT_EQ(Int(-2.5), -3);
-  EXPECT_EQ(Fix(-2.5), -2);
-  EXPECT_EQ(Int(2.5), 2);
-  EXPECT_EQ(Fix(2.5), 2);
-  EXPECT_EQ(Int(-0.1), -1);
-  EXPECT_EQ(Fix(-0.1), 0);
-  EXPECT_EQ(Int(7), 7);
+  const double rows[][3] = {{-2.5, -3, -2}, {2.5, 2, 2}, {-0.1, -1, 0}, {7, 7, 7}};  // x, Int, Fix
+  for (const auto& r : rows) {
+    EXPECT_EQ(Int(r[0]), r[1]) << r[0];
+    EXPECT_EQ(Fix(r[0]), r[2]) << r[0];
+  }
 }
 
 TEST(Numeric, RoundGoesToTheEvenNeighbourOnTheShownDigits) {

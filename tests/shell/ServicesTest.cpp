@@ -83,16 +83,16 @@ TEST_F(ServicesTest, NumberFiltersTurnCommaAndPointIntoTheDecimalSymbol) {
 // ---- NumericEnd, RomanNumeral, binary --------------------------------------------
 
 TEST_F(ServicesTest, NumericEndFindsTheNumberAtEitherSide) {
-  EXPECT_EQ(NumericEnd(QStringLiteral("-12abc"), 0), QStringLiteral("-12"));
-  EXPECT_EQ(NumericEnd(QStringLiteral("abc-12"), 1), QStringLiteral("-12"));
-  EXPECT_EQ(NumericEnd(QStringLiteral("abc-12"), 0), QString());
-  EXPECT_EQ(NumericEnd(QStringLiteral("  "), 0), QString());
-  EXPECT_EQ(NumericEnd(QStringLiteral("  "), 1), QString());
-  EXPECT_EQ(NumericEnd(QStringLiteral("12.5 kg"), 0), QStringLiteral("12.5"));
-  EXPECT_EQ(NumericEnd(QStringLiteral("total 42 "), 1), QStringLiteral("42"));
-  EXPECT_EQ(NumericEnd(QString(), 0), QString());
   // The leading "-" set aside comes back even when nothing numeric follows.
-  EXPECT_EQ(NumericEnd(QStringLiteral("-abc"), 0), QStringLiteral("-"));
+  const struct {
+    const char* text;
+    int side;
+    const char* number;
+  } rows[] = {{"-12abc", 0, "-12"}, {"abc-12", 1, "-12"}, {"abc-12", 0, ""},  {"  ", 0, ""},   {"  ", 1, ""},
+              {"12.5 kg", 0, "12.5"}, {"total 42 ", 1, "42"}, {"", 0, ""}, {"-abc", 0, "-"}};
+  for (const auto& r : rows) {
+    EXPECT_EQ(NumericEnd(QString::fromLatin1(r.text), r.side), QString::fromLatin1(r.number)) << r.text << r.side;
+  }
 }
 
 namespace {
@@ -120,13 +120,9 @@ TEST_F(ServicesTest, RomanNumeralsFrom1To4999MatchTheSubtractionTable) {
 }
 
 TEST_F(ServicesTest, RomanNumeralsBeyondUseTheLastLettersAndDropTheFraction) {
-  EXPECT_EQ(RomanNumeral(5000), QStringLiteral("Q"));
-  EXPECT_EQ(RomanNumeral(9000), QStringLiteral("MH"));
-  EXPECT_EQ(RomanNumeral(10000), QStringLiteral("H"));
-  EXPECT_EQ(RomanNumeral(24000), QStringLiteral("HHMQ"));
-  EXPECT_EQ(RomanNumeral(14.9), QStringLiteral("XIV"));
-  EXPECT_EQ(RomanNumeral(-14), QStringLiteral("XIV"));
-  EXPECT_EQ(RomanNumeral(0), QString());
+  const std::pair<double, const char*> rows[] = {{5000, "Q"},  {9000, "MH"},  {10000, "H"}, {24000, "HHMQ"},
+                                                  {14.9, "XIV"}, {-14, "XIV"},  {0, ""}};
+  for (const auto& [n, text] : rows) EXPECT_EQ(RomanNumeral(n), QString::fromLatin1(text)) << n;
 }
 
 TEST_F(ServicesTest, BinaryConversionsGoBothWays) {

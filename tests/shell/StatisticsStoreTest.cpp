@@ -45,6 +45,13 @@ void expectNear(double actual, double expected, double rel) {
 class StatisticsStoreTest : public CalvixTest {
  protected:
   StatisticsStore& s = program().stats;
+  // A regression pass over fresh data.
+  RegressionResult pass(const std::vector<double>& x, const std::vector<double>& y, RegressionType type) {
+    s.clearAll();
+    fill(s, 0, x);
+    fill(s, 1, y);
+    return RegressionPass(s.X.data(), s.Y.data(), s.nx, type, s.regAskedOnce, s.regAbort);
+  }
 };
 
 // ---- Running sums -----------------------------------------------------------------
@@ -73,10 +80,7 @@ TEST_F(StatisticsStoreTest, SumsFollowEntryDeletionReplacementAndErasure) {
   EXPECT_EQ(s.sumX, 0);
   EXPECT_EQ(s.sumXY, 0);
   EXPECT_EQ(s.ny, 4);
-  s.removeAt(1, 1);
-  s.removeAt(1, 1);
-  s.removeAt(1, 1);
-  s.removeAt(1, 1);  // the last one empties the list with its sums
+  for (int i = 0; i < 4; ++i) s.removeAt(1, 1);  // the last one empties the list with its sums
   EXPECT_EQ(s.ny, 0);
   EXPECT_EQ(s.sumY, 0);
   EXPECT_EQ(s.sumY2, 0);
@@ -240,11 +244,8 @@ INSTANTIATE_TEST_SUITE_P(TypesAndSizes, RegressionModels,
                          ::testing::Combine(::testing::Values(0, 1, 2), ::testing::Values(2, 10, 6000)));
 
 TEST_F(StatisticsStoreTest, DeclinedBadPairsAbortTheWholePass) {
-  fill(s, 0, {1, 2, 3});
-  fill(s, 1, {1, -2, 3});
   messages.queueButton(1);  // no
-  const RegressionResult r =
-      RegressionPass(s.X.data(), s.Y.data(), 3, RegressionType::Exponential, s.regAskedOnce, s.regAbort);
+  const RegressionResult r = pass({1, 2, 3}, {1, -2, 3}, RegressionType::Exponential);
   ASSERT_EQ(messages.shown().size(), 1u);
   EXPECT_EQ(messages.shown()[0].text, ErrorText(50));
   EXPECT_EQ(messages.shown()[0].buttonSet, 6);
@@ -254,32 +255,14 @@ TEST_F(StatisticsStoreTest, DeclinedBadPairsAbortTheWholePass) {
 }
 
 TEST_F(StatisticsStoreTest, TooFewGoodPairsAndFlatDataFail) {
-  fill(s, 0, {1, 2, 3});
-  fill(s, 1, {0, -1, 2});
   // Exponential: only one pair keeps a positive Y.
-  RegressionResult r = RegressionPass(s.X.data(), s.Y.data(), 3, RegressionType::Exponential, s.regAskedOnce, s.regAbort);
-  EXPECT_EQ(r.code, 52);
+  EXPECT_EQ(pass({1, 2, 3}, {0, -1, 2}, RegressionType::Exponential).code, 52);
   EXPECT_EQ(s.regAbort, 1);
-  // One pair is never enough.
-  r = RegressionPass(s.X.data(), s.Y.data(), 1, RegressionType::Linear, s.regAskedOnce, s.regAbort);
-  EXPECT_EQ(r.code, 52);
-  // All X equal: the slope divides by zero.
-  s.clearAll();
-  fill(s, 0, {2, 2, 2});
-  fill(s, 1, {1, 2, 3});
-  r = RegressionPass(s.X.data(), s.Y.data(), 3, RegressionType::Linear, s.regAskedOnce, s.regAbort);
-  EXPECT_EQ(r.code, 53);
-  // All Y equal: r is 0/0.
-  s.clearAll();
-  fill(s, 0, {1, 2, 3});
-  fill(s, 1, {5, 5, 5});
-  r = RegressionPass(s.X.data(), s.Y.data(), 3, RegressionType::Linear, s.regAskedOnce, s.regAbort);
-  EXPECT_EQ(r.code, 53);
+  EXPECT_EQ(pass({1}, {1}, RegressionType::Linear).code, 52);               // one pair is never enough
+  EXPECT_EQ(pass({2, 2, 2}, {1, 2, 3}, RegressionType::Linear).code, 53);   // all X equal: slope is x/0
+  EXPECT_EQ(pass({1, 2, 3}, {5, 5, 5}, RegressionType::Linear).code, 53);   // all Y equal: r is 0/0
   // Y summing to zero leaves a, b and r² but no frequencies.
-  s.clearAll();
-  fill(s, 0, {1, 2, 3, 4});
-  fill(s, 1, {-3, -1, 1, 3});
-  r = RegressionPass(s.X.data(), s.Y.data(), 4, RegressionType::Linear, s.regAskedOnce, s.regAbort);
+  const RegressionResult r = pass({1, 2, 3, 4}, {-3, -1, 1, 3}, RegressionType::Linear);
   EXPECT_EQ(r.code, 0);
   EXPECT_FALSE(r.freqValid);
   EXPECT_DOUBLE_EQ(r.a, 2);

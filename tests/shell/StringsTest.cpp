@@ -16,11 +16,8 @@ namespace {
 QMap<int, QString> idsUsedInCode() {
   QMap<int, QString> ids;
   const QRegularExpression call(QStringLiteral(R"((?:\bRes|LoadResString)\(\s*(?:[A-Za-z_.()]+\s*\+\s*)?(\d+)\s*\))"));
-  const QStringList folders{QStringLiteral("shell"), QStringLiteral("calc"), QStringLiteral("funcs"),
-                            QStringLiteral("stats"), QStringLiteral("convert"), QStringLiteral("bank"),
-                            QStringLiteral("elements"), QStringLiteral("lottery"), QStringLiteral("chrono"),
-                            QStringLiteral("calendar"), QStringLiteral("geometry"), QStringLiteral("app"),
-                            QStringLiteral("cli")};
+  const QStringList folders =
+      QStringLiteral("shell calc funcs stats convert bank elements lottery chrono calendar geometry app cli").split(' ');
   for (const QString& folder : folders) {
     QDirIterator it(sourcePath(folder), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
                     QDirIterator::Subdirectories);

@@ -11,36 +11,28 @@ using namespace rt;
 namespace {
 Variant I(std::int16_t v) { return Variant::integer(v); }
 Variant L(std::int32_t v) { return Variant::longValue(v); }
+#define EXPECT_VARIANT(v, t, x)      \
+  do {                               \
+    const Variant got = (v);         \
+    EXPECT_EQ(got.type(), VType::t); \
+    EXPECT_EQ(got.toDouble(), x);    \
+  } while (false)
 }  // namespace
 
 class VariantArithmetic : public CalvixTest {};
 
 TEST_F(VariantArithmetic, IntegerResultsWidenInsteadOfOverflowing) {
-  Variant r = I(32767) + I(1);
-  EXPECT_EQ(r.type(), VType::Long);
-  EXPECT_EQ(r.toDouble(), 32768);
-  r = I(100) * I(100);
-  EXPECT_EQ(r.type(), VType::Integer);
-  EXPECT_EQ(r.toDouble(), 10000);
-  r = I(200) * I(200);
-  EXPECT_EQ(r.type(), VType::Long);
-  r = L(2147483647) + I(1);
-  EXPECT_EQ(r.type(), VType::Double);
-  EXPECT_EQ(r.toDouble(), 2147483648.0);
-  r = -I(-32768);
-  EXPECT_EQ(r.type(), VType::Long);
-  EXPECT_EQ(r.toDouble(), 32768);
-  r = I(-32768) - I(1);
-  EXPECT_EQ(r.type(), VType::Long);
+  EXPECT_VARIANT(I(32767) + I(1), Long, 32768);
+  EXPECT_VARIANT(I(100) * I(100), Integer, 10000);
+  EXPECT_VARIANT(I(200) * I(200), Long, 40000);
+  EXPECT_VARIANT(L(2147483647) + I(1), Double, 2147483648.0);
+  EXPECT_VARIANT(-I(-32768), Long, 32768);
+  EXPECT_VARIANT(I(-32768) - I(1), Long, -32769);
 }
 
 TEST_F(VariantArithmetic, DivisionAndPowerAlwaysGiveDoubles) {
-  Variant r = I(6) / I(3);
-  EXPECT_EQ(r.type(), VType::Double);
-  EXPECT_EQ(r.toDouble(), 2);
-  r = power(I(2), I(3));
-  EXPECT_EQ(r.type(), VType::Double);
-  EXPECT_EQ(r.toDouble(), 8);
+  EXPECT_VARIANT(I(6) / I(3), Double, 2);
+  EXPECT_VARIANT(power(I(2), I(3)), Double, 8);
   EXPECT_DOUBLE_EQ(power(Variant(2.0), Variant(0.5)).toDouble(), std::sqrt(2.0));
   EXPECT_DOUBLE_EQ(power(Variant(-8.0), Variant(3.0)).toDouble(), -512);
 }
@@ -60,23 +52,16 @@ TEST_F(VariantArithmetic, OverflowAndDivisionByZeroAreFailuresNotInfinities) {
 }
 
 TEST_F(VariantArithmetic, IntegerDivisionAndModKeepTheNarrowType) {
-  Variant r = intDivide(I(7), I(2));
-  EXPECT_EQ(r.type(), VType::Integer);
-  EXPECT_EQ(r.toDouble(), 3);
-  r = intDivide(Variant(7.5), I(2));
-  EXPECT_EQ(r.type(), VType::Long);
-  EXPECT_EQ(r.toDouble(), 4);
-  r = modulo(I(-7), I(3));
-  EXPECT_EQ(r.toDouble(), -1);
+  EXPECT_VARIANT(intDivide(I(7), I(2)), Integer, 3);
+  EXPECT_VARIANT(intDivide(Variant(7.5), I(2)), Long, 4);
+  EXPECT_VARIANT(modulo(I(-7), I(3)), Integer, -1);
 }
 
 TEST_F(VariantArithmetic, TextsJoinAndTextsMetByNumbersAreRead) {
   EXPECT_EQ((Variant("12") + Variant("3")).toText(), QStringLiteral("123"));
   EXPECT_EQ((Variant("ab") + Variant()).toText(), QStringLiteral("ab"));
   usePoint();
-  Variant r = Variant("12.5") + I(1);
-  EXPECT_EQ(r.type(), VType::Double);
-  EXPECT_EQ(r.toDouble(), 13.5);
+  EXPECT_VARIANT(Variant("12.5") + I(1), Double, 13.5);
   useComma();
   EXPECT_EQ((Variant("12,5") + I(1)).toDouble(), 13.5);
   EXPECT_EQ((Variant("12.5") * I(1)).toDouble(), 125);  // the point groups on a comma system
@@ -86,12 +71,8 @@ TEST_F(VariantArithmetic, TextsJoinAndTextsMetByNumbersAreRead) {
 }
 
 TEST_F(VariantArithmetic, EmptyAndBooleansCountAsSmallIntegers) {
-  Variant r = Variant() + I(5);
-  EXPECT_EQ(r.type(), VType::Integer);
-  EXPECT_EQ(r.toDouble(), 5);
-  r = Variant::boolean(true) + Variant::boolean(true);
-  EXPECT_EQ(r.type(), VType::Integer);
-  EXPECT_EQ(r.toDouble(), -2);
+  EXPECT_VARIANT(Variant() + I(5), Integer, 5);
+  EXPECT_VARIANT(Variant::boolean(true) + Variant::boolean(true), Integer, -2);
   EXPECT_EQ((-Variant()).toDouble(), 0);
   EXPECT_EQ(Variant().toText(), QString());
 }
@@ -105,12 +86,8 @@ TEST_F(VariantArithmetic, SingleResultsAreComputedInSinglePrecision) {
 }
 
 TEST_F(VariantArithmetic, DatesMoveByDaysAndTheirDifferenceIsANumber) {
-  Variant d = Variant::date(45000) + I(2);
-  EXPECT_EQ(d.type(), VType::Date);
-  EXPECT_EQ(d.toDouble(), 45002);
-  Variant diff = Variant::date(45010) - Variant::date(45000);
-  EXPECT_EQ(diff.type(), VType::Double);
-  EXPECT_EQ(diff.toDouble(), 10);
+  EXPECT_VARIANT(Variant::date(45000) + I(2), Date, 45002);
+  EXPECT_VARIANT(Variant::date(45010) - Variant::date(45000), Double, 10);
 }
 
 TEST_F(VariantArithmetic, ComparisonIsNumericForNumbersAndBinaryForTexts) {

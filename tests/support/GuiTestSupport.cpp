@@ -1,5 +1,7 @@
 #include "tests/support/GuiTestSupport.h"
 
+#include <QProcess>
+
 #include "shell/ProgramState.h"
 
 ScriptedPresenter& guiMessages() {
@@ -12,4 +14,11 @@ void prepareGuiTest() {
   resetProgram(QLocale(QLocale::English, QLocale::UnitedStates));
   guiMessages().clear();
   setMessagePresenter(&guiMessages());
+}
+
+QString pdfText(const QString& path) {
+  QProcess p;
+  p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+  if (!p.waitForFinished(30000) || p.exitCode() != 0) return {};
+  return QString::fromUtf8(p.readAllStandardOutput());
 }

@@ -9,3 +9,6 @@
 
 void prepareGuiTest();
 ScriptedPresenter& guiMessages();
+// The text of a PDF read with pdftotext -layout, pages separated by form
+// feeds; empty when pdftotext fails.
+QString pdfText(const QString& path);
