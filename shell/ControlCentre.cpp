@@ -133,7 +133,7 @@ void ControlCentre::loadBeforeShow() {
 void ControlCentre::loadAfterShow() {
   ProgramState& p = program();
   runStep(9, [&] {
-    if (p.SoundOn == 1) platform().playSound(p.AppFolder.toText() + QStringLiteral("/mmedia/manager.wav"), true);
+    if (p.SoundOn == 1) platform().playSound(soundPath(QStringLiteral("manager.wav")), true);
   });
   runStep(10, [&] {
     p.SessionCounter += 1;
@@ -244,7 +244,7 @@ void ControlCentre::Form_Unload() {
   runStep(104, [&] { p.fontPaths.clear(); });
   runStep(105, [&] {
     if (p.SoundOn != 1) return;
-    platform().playSound(p.AppFolder.toText() + QStringLiteral("/mmedia/exit.wav"), true);
+    platform().playSound(soundPath(QStringLiteral("exit.wav")), true);
     // Long enough for the farewell sound to be heard to its end.
     host_.waitWithEvents(3.5F);
   });
