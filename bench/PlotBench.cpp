@@ -35,25 +35,29 @@ void ensureApplication() {
   new QGuiApplication(argc, argv);
 }
 
-// The default F(x) over 0..5 with the given number of points (by increment: no row limit).
-void tabulate(FunctionTable& t, int points) {
-  resetProgram(QLocale::c());
-  t.Form_Load();
-  t.Form_Activate();
-  t.Option1_Click(1);
-  t.Text1 = rt::Str(5.0 / (points - 1)).trimmed();
-  t.cmdResult_Click();
-}
+// The default F(x) over 0..5 with the given number of points (by increment:
+// no row limit), and the plot opened on it at the benchmark's size.
+struct PlotOnTable {
+  explicit PlotOnTable(int points) {
+    ensureApplication();
+    resetProgram(QLocale::c());
+    t.Form_Load();
+    t.Form_Activate();
+    t.Option1_Click(1);
+    t.Text1 = rt::Str(5.0 / (points - 1)).trimmed();
+    t.cmdResult_Click();
+    m.Form_Resize(kWidth, kHeight);
+    m.Form_Load();
+  }
+  ScriptedPresenter quiet;
+  PresenterScope scope{&quiet};
+  FunctionTable t;
+  PlotModel m{t};
+};
 
 void BM_DrawPlot(benchmark::State& state) {
-  ensureApplication();
-  ScriptedPresenter quiet;
-  PresenterScope scope(&quiet);
-  FunctionTable t;
-  tabulate(t, static_cast<int>(state.range(0)));
-  PlotModel m(t);
-  m.Form_Resize(kWidth, kHeight);
-  m.Form_Load();
+  PlotOnTable plot(static_cast<int>(state.range(0)));
+  PlotModel& m = plot.m;
   QImage image(kWidth, kHeight, QImage::Format_RGB32);
   for (auto _ : state) {
     QPainter painter(&image);
@@ -64,19 +68,13 @@ void BM_DrawPlot(benchmark::State& state) {
 }
 
 void BM_Polyline(benchmark::State& state) {
-  ensureApplication();
-  ScriptedPresenter quiet;
-  PresenterScope scope(&quiet);
-  FunctionTable t;
-  tabulate(t, static_cast<int>(state.range(0)));
-  PlotModel m(t);
-  m.Form_Resize(kWidth, kHeight);
-  m.Form_Load();
+  PlotOnTable plot(static_cast<int>(state.range(0)));
+  PlotModel& m = plot.m;
   QPolygonF points;
   for (int r = 1; r <= program().pointCount; ++r) {
     double x = 0, y = 0;
-    t.MSFlexGrid1.number(r, 0, x);
-    t.MSFlexGrid1.number(r, 1, y);
+    plot.t.MSFlexGrid1.number(r, 0, x);
+    plot.t.MSFlexGrid1.number(r, 1, y);
     points << QPointF((x - m.ScaleLeft) / m.unitX, (m.ScaleTop - y) / m.unitY);
   }
   QImage image(kWidth, kHeight, QImage::Format_RGB32);
