@@ -7,6 +7,7 @@
 #include "funcs/FunctionTable.h"
 #include "funcs/PlotModel.h"
 #include "shell/Strings.h"
+#include "tests/funcs/TableTestSupport.h"
 #include "tests/support/TestSupport.h"
 
 namespace {
@@ -49,21 +50,11 @@ class PlotModelTest : public CalvixTest {
  protected:
   void SetUp() override {
     CalvixTest::SetUp();
-    t.Form_Load();
-    t.Form_Activate();
-    while (t.Label1 != QLatin1String("rad")) t.Command2_Click();
+    openInRadians(t);
   }
   // Tabulates F over an interval and opens the plot on it.
   void plotOf(const QString& f, const QString& start, const QString& end, int points) {
-    t.txtExpression = f;
-    t.txtStart = start;
-    t.txtStart_LostFocus();
-    t.txtEnd = end;
-    t.txtEnd_LostFocus();
-    t.Option1_Click(0);
-    t.Combo2 = QString::number(points);
-    t.Combo2_LostFocus();
-    t.cmdResult_Click();
+    tabulateAtOnce(t, f, start, end, points);
     m.Form_Resize(760, 520);
     m.Form_Load();
   }

@@ -22,27 +22,15 @@
 #include "funcs/PlotWindow.h"
 #include "shell/ProgramState.h"
 #include "shell/WindowRegistry.h"
+#include "tests/funcs/TableTestSupport.h"
 #include "tests/support/GuiTestSupport.h"
 
 namespace {
 
 // Tabulates F (radians) into a table, at once.
 void tabulate(FunctionTable& t, const QString& f, const QString& start, const QString& end, int points) {
-  t.Form_Load();
-  t.Form_Activate();
-  while (t.Label1 != QLatin1String("rad")) t.Command2_Click();
-  t.txtExpression = f;
-  t.txtStart = start;
-  t.txtStart_LostFocus();
-  t.txtEnd = end;
-  t.txtEnd_LostFocus();
-  t.Option1_Click(0);
-  t.Combo2 = QString::number(points);
-  t.Combo2_LostFocus();
-  const bool stepwise = t.stepwise;
-  t.stepwise = false;
-  t.cmdResult_Click();
-  t.stepwise = stepwise;
+  openInRadians(t);
+  tabulateAtOnce(t, f, start, end, points);
 }
 
 // Pixels near a palette colour (red in the low byte), as antialiasing leaves them.
