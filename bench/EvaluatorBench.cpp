@@ -20,7 +20,7 @@
 #include "funcs/Evaluator.h"
 #include "funcs/ExprCompiler.h"
 #include "funcs/LanguageFunctions.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 
 namespace {

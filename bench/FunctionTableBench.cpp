@@ -18,7 +18,7 @@
 
 #include "funcs/FunctionTable.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 
 namespace {

@@ -17,7 +17,7 @@
 #include "funcs/PlotModel.h"
 #include "funcs/PlotPainterView.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 
 namespace {

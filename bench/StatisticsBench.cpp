@@ -14,7 +14,7 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/StatisticsFile.h"
 #include "shell/ProgramState.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/SequentialFile.h"
 
 namespace {
 

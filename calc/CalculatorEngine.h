@@ -47,7 +47,7 @@
 
 #include "calc/CalculatorHistory.h"
 #include "calc/TextField.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 class PrintDocument;
 

@@ -27,7 +27,7 @@
 #include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/PictureHolderView.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"

@@ -1,6 +1,6 @@
 #include "calc/ListNumber.h"
 
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/Strings.h"
 
 namespace {

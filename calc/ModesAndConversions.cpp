@@ -6,13 +6,13 @@
 
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
-#include "shell/Format.h"
+#include "shell/runtime/Format.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 namespace {
 

@@ -8,12 +8,12 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
 #include "calc/PhysicalConstants.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Strings.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <charconv>
 #include <cmath>
 
-#include "shell/NumberText.h"
-#include "shell/RuntimeError.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/SequentialFile.h"
 #include "shell/StatisticsStore.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <QHeaderView>
 
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 
 class StatisticsGridModel : public QAbstractTableModel {

@@ -14,8 +14,8 @@
 #include "cli/CliCommand.h"
 #include "funcs/AddInFunctions.h"
 #include "funcs/Evaluator.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 

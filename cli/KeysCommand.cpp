@@ -27,7 +27,7 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/KeySequence.h"
 #include "cli/CliCommand.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
 

@@ -10,10 +10,10 @@
 #include <QJsonObject>
 
 #include "cli/CliCommand.h"
-#include "shell/Format.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/Format.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace {
 

@@ -12,10 +12,10 @@
 #include <QJsonObject>
 
 #include "cli/CliCommand.h"
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/SequentialFile.h"
 #include "shell/Settings.h"
 #include "shell/Strings.h"
 

@@ -20,9 +20,9 @@
 #include "cli/CliCommand.h"
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/StatisticsStore.h"
 #include "shell/Strings.h"
 

@@ -7,11 +7,18 @@
 #                    Dialog, Widget, View, Presenter or Desktop; links Widgets,
 #                    Gui and the rest.
 # Both are added to the umbrella libraries calvix_core and calvix_gui.
-# Files are picked up by glob so that adding a file needs no edit here.
+# Files are picked up by glob so that adding a file needs no edit here; a
+# sub-folder with a CMakeLists.txt of its own is a library apart and is left
+# out of the glob.
 function(calvix_module name)
   cmake_parse_arguments(ARG "" "" "DEPENDS;QT_GUI_COMPONENTS;RESOURCES" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS
        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  file(GLOB_RECURSE own_lists ${CMAKE_CURRENT_SOURCE_DIR}/*/CMakeLists.txt)
+  foreach(list_file IN LISTS own_lists)
+    get_filename_component(sub ${list_file} DIRECTORY)
+    list(FILTER sources EXCLUDE REGEX "^${sub}/")
+  endforeach()
   set(core_sources "")
   set(gui_sources "")
   foreach(f IN LISTS sources)

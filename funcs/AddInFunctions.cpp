@@ -4,10 +4,10 @@
 #include <limits>
 
 #include "shell/ErrorReport.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Strings.h"
 
 namespace {

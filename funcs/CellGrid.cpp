@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "funcs/EvalError.h"
 
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Strings.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "funcs/ExprCompiler.h"
 #include "funcs/ExprLexer.h"
 #include "funcs/ExprMachine.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace {
 

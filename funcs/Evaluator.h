@@ -35,7 +35,7 @@
 #include "funcs/ExprProgram.h"
 #include "funcs/ExprSymbols.h"
 #include "funcs/LanguageFunctions.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 class Evaluator {
  public:

@@ -2,8 +2,8 @@
 
 #include <QList>
 
-#include "shell/RuntimeError.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/SequentialFile.h"
 
 namespace {
 

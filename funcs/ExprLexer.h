@@ -7,7 +7,7 @@
 #include <QString>
 #include <QStringView>
 
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 enum class Tok : unsigned char {
   End,

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "funcs/EvalError.h"
-#include "shell/Numeric.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace {
 

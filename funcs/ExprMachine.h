@@ -11,7 +11,7 @@
 //   runExact  works on variants with the runtime's rules, for everything else.
 #include "funcs/ExprProgram.h"
 #include "funcs/ExprSymbols.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 // The instruction loop of the fast path, and the check that every variable
 // the program reads holds a plain number (which records the symbols' epoch).

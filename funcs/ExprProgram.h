@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "funcs/FunctionLibrary.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 enum class Op : unsigned char {
   Add, Sub, Mul, Div, Pow, Square, IntDiv, Mod, Concat,

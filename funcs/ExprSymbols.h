@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "funcs/FunctionLibrary.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 class ExprSymbols {
  public:

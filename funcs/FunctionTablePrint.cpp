@@ -1,7 +1,7 @@
 // The printed report of the function table (imprimEval).
 #include "funcs/FunctionTable.h"
-#include "shell/DateTime.h"
-#include "shell/Format.h"
+#include "shell/runtime/DateTime.h"
+#include "shell/runtime/Format.h"
 #include "shell/Printing.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"

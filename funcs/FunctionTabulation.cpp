@@ -6,9 +6,9 @@
 
 #include "funcs/FunctionTable.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Strings.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <bit>
 
-#include "shell/Numeric.h"
-#include "shell/Random.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/Random.h"
 
 // The runtime's 24-bit linear congruential step.
 float LanguageFunctions::next() {

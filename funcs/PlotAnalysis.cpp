@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "funcs/CellGrid.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 
 namespace plot {
 

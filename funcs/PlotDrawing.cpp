@@ -7,8 +7,8 @@
 
 #include "funcs/FunctionTable.h"
 #include "funcs/PlotModel.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/ProgramState.h"
 
 using plot::PlotCanvas;

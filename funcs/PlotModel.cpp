@@ -6,12 +6,12 @@
 
 #include "funcs/FunctionTable.h"
 #include "shell/ErrorReport.h"
-#include "shell/Format.h"
+#include "shell/runtime/Format.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
 

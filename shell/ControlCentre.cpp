@@ -7,12 +7,12 @@
 #include <exception>
 
 #include "shell/ErrorReport.h"
-#include "shell/Format.h"
+#include "shell/runtime/Format.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Services.h"
 #include "shell/Settings.h"
 #include "shell/Strings.h"

@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdint>
 
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 struct MessageKindScheme {
   // Gradient components, light then dark, of red, green and blue.

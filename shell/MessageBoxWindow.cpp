@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/WindowServices.h"

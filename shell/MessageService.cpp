@@ -1,8 +1,8 @@
 #include "shell/MessageService.h"
 
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Strings.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include "shell/ProgramState.h"
+#include "shell/runtime/SystemLocale.h"
 
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/Strings.h"
 
 namespace {
@@ -25,7 +26,7 @@ ProgramState& program() {
   if (!initialised) {
     initialised = true;
     setSystemLocale(QLocale::system());
-    s.DecimalSymbol = QString(s.systemDecimal);
+    s.DecimalSymbol = QString(rt::systemConventions().decimal);
     applyDefaultSettings(s);
   }
   return s;
@@ -49,23 +50,15 @@ void applyDefaultSettings(ProgramState& s) {
   for (int i = 0; i <= 6; ++i) s.CalendarColours[static_cast<size_t>(i)] = colour(cal[i]);
 }
 
-void setSystemLocale(const QLocale& locale) {
-  ProgramState& s = storage();
-  s.systemLocale = locale;
-  const QString dp = locale.decimalPoint();
-  const QString gs = locale.groupSeparator();
-  s.systemDecimal = dp.isEmpty() ? QLatin1Char('.') : dp.at(0);
-  s.systemGroup = gs.isEmpty() ? QChar() : gs.at(0);
-  // Some locales group with a no-break space; the runtime accepts a blank too.
-}
+void setSystemLocale(const QLocale& locale) { rt::setSystemConventions(locale); }
 
-void resetProgram() { resetProgram(program().systemLocale); }
+void resetProgram() { resetProgram(rt::systemConventions().locale); }
 
 void resetProgram(const QLocale& systemLocale) {
   ProgramState& s = program();
   s = ProgramState{};
   setSystemLocale(systemLocale);
-  s.DecimalSymbol = QString(s.systemDecimal);
+  s.DecimalSymbol = QString(rt::systemConventions().decimal);
   applyDefaultSettings(s);
 }
 

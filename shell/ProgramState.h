@@ -12,7 +12,7 @@
 #include <cstdint>
 
 #include "shell/StatisticsStore.h"
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 struct ProgramState {
   // --- Language, locale, folders --------------------------------------
@@ -20,12 +20,6 @@ struct ProgramState {
   rt::Variant DecimalSymbol = QStringLiteral(".");  // "," or ".", fixed at start
   rt::Variant AppFolder;            // program folder, ends in "/"
   QString WindowsFolder, SystemFolder, TempFolder;
-
-  // The system's number and date conventions, as the runtime conversions see
-  // them. Set through setSystemLocale so the cached separators stay in step.
-  QLocale systemLocale = QLocale::c();
-  QChar systemDecimal = QLatin1Char('.');
-  QChar systemGroup = QLatin1Char(',');
 
   // --- Message box fields -------------------------------------------------
   std::int16_t SoundOn = 1;       // "SONIDO"
@@ -99,7 +93,8 @@ ProgramState& program();
 // its default. The system locale is kept unless one is given.
 void resetProgram();
 void resetProgram(const QLocale& systemLocale);
-// Sets the system's number conventions (what the runtime conversions read).
+// Sets the system's number conventions (what the runtime conversions read,
+// rt::systemConventions()).
 void setSystemLocale(const QLocale& locale);
 // The default web address opened by the control centre's Internet button.
 QString defaultWebAddress();

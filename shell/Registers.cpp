@@ -1,7 +1,7 @@
 #include "shell/Registers.h"
 
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace {
 

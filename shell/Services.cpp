@@ -9,15 +9,15 @@
 #include <QThread>
 #include <cmath>
 
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/SequentialFile.h"
 #include "shell/Strings.h"
 
 // ---- Context help -----------------------------------------------------------

@@ -8,7 +8,7 @@
 #include <QVariant>
 #include <cstdint>
 
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 // ---- Context help -----------------------------------------------------------
 // Every key or menu handler starts with

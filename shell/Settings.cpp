@@ -10,12 +10,12 @@
 #include <type_traits>
 #include <utility>
 
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/MessageService.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/SequentialFile.h"
 #include "shell/Strings.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <QString>
 #include <vector>
 
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 struct ProgramState;
 

@@ -4,10 +4,10 @@
 
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
-#include "shell/Numeric.h"
+#include "shell/runtime/Numeric.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
-#include "shell/Variant.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/Variant.h"
 
 namespace {
 

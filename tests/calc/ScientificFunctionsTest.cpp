@@ -9,7 +9,7 @@
 #include "calc/KeySequence.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ErrorReport.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "calc/StatisticsFile.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/ProgramState.h"
 #include "shell/StatisticsStore.h"
 #include "tests/support/TestSupport.h"

@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
-#include "shell/SequentialFile.h"
+#include "shell/runtime/SequentialFile.h"
 #include "tests/support/TestSupport.h"
 
 namespace {

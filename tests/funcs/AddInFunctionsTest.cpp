@@ -3,7 +3,7 @@
 // failures it leaves to the engine.
 #include <cmath>
 
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/Strings.h"
 #include "tests/funcs/EvalTestSupport.h"
 

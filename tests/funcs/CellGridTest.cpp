@@ -6,7 +6,7 @@
 #include <random>
 
 #include "funcs/CellGrid.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "tests/support/TestSupport.h"
 
 class CellGridTest : public CalvixTest {};

@@ -15,7 +15,7 @@
 #include <string>
 
 #include "funcs/ExprLexer.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "tests/funcs/EvalTestSupport.h"
 
 namespace {

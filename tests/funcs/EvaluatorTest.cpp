@@ -3,7 +3,7 @@
 // namespace that AddCode fills and Eval reads.
 #include <cmath>
 
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/Strings.h"
 #include "tests/funcs/EvalTestSupport.h"
 

@@ -8,7 +8,7 @@
 #include "funcs/EvlFile.h"
 #include "funcs/FunctionTable.h"
 #include "shell/ErrorReport.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/Printing.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"

@@ -18,7 +18,7 @@
 
 #include "funcs/FunctionTableWindow.h"
 #include "shell/ErrorReport.h"
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"

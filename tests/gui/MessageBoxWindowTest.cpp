@@ -12,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/MessageBoxWindow.h"
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"

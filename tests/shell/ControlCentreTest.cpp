@@ -5,7 +5,7 @@
 
 #include "shell/ErrorReport.h"
 #include "shell/Platform.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"
 

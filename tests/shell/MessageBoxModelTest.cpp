@@ -1,6 +1,6 @@
 // What the message box decides without a window: the auto-close rules, and
 // the fields MBoxShow passes and clears.
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/MessageBoxModel.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"

@@ -1,6 +1,7 @@
 // The program-wide variables start as a fresh installation has them, and
 // resetProgram gives every test and every calvix-cli run that same start.
 #include "shell/ProgramState.h"
+#include "shell/runtime/SystemLocale.h"
 #include "tests/support/TestSupport.h"
 
 class ProgramStateTest : public CalvixTest {};
@@ -36,7 +37,7 @@ TEST_F(ProgramStateTest, ResetForgetsChangesAndKeepsTheLocaleAsked) {
   EXPECT_EQ(program().LanguageOffset, 0);
   EXPECT_EQ(program().Memories[2], 0);
   EXPECT_EQ(program().VatRate.toDouble(), 16);
-  EXPECT_EQ(program().systemDecimal, QLatin1Char(','));
-  EXPECT_EQ(program().systemGroup, QLatin1Char('.'));
+  EXPECT_EQ(rt::systemConventions().decimal, QLatin1Char(','));
+  EXPECT_EQ(rt::systemConventions().group, QLatin1Char('.'));
   EXPECT_EQ(program().DecimalSymbol.toText(), QStringLiteral(","));
 }

@@ -2,7 +2,7 @@
 // listeners told, and a bad index refused without touching anything.
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "tests/support/TestSupport.h"
 
 namespace {

@@ -7,10 +7,10 @@
 #include <QFile>
 #include <QTimer>
 
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/ErrorReport.h"
 #include "shell/Platform.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"

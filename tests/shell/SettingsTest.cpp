@@ -6,9 +6,9 @@
 #include <QRandomGenerator>
 
 #include "shell/ControlCentre.h"
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 #include "shell/ProgramState.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/SequentialFile.h"
 #include "shell/Settings.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"

@@ -8,7 +8,7 @@
 
 #include "shell/ErrorReport.h"
 #include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 #include "shell/StatisticsStore.h"
 #include "tests/support/TestSupport.h"
 

@@ -1,10 +1,10 @@
-#include "shell/Random.h"
+#include "shell/runtime/Random.h"
 
 #include <QDateTime>
 #include <cstdint>
 #include <cstring>
 
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 
 namespace rt {
 

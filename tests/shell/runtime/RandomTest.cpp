@@ -1,5 +1,5 @@
 // Rnd stays in [0, 1), repeats after a fixed seed, and spreads evenly.
-#include "shell/Random.h"
+#include "shell/runtime/Random.h"
 #include "tests/support/TestSupport.h"
 
 TEST(Random, NumbersStayInTheUnitIntervalAndSpreadEvenly) {

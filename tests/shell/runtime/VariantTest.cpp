@@ -2,8 +2,8 @@
 // overflow and division by zero as failures, texts joined or read as numbers.
 #include <limits>
 
-#include "shell/RuntimeError.h"
-#include "shell/Variant.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/Variant.h"
 #include "tests/support/TestSupport.h"
 
 using namespace rt;

@@ -1,11 +1,11 @@
-#include "shell/Numeric.h"
+#include "shell/runtime/Numeric.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 
-#include "shell/NumberText.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace rt {
 

@@ -1,9 +1,9 @@
-#include "shell/DateTime.h"
+#include "shell/runtime/DateTime.h"
 
 #include <QRegularExpression>
 #include <cmath>
 
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace rt {
 

@@ -12,7 +12,7 @@
 //                    group separators, blanks around, sign, exponent, "&h";
 //                    a text that is not a number is error 13.
 //
-// The system separators come from the program state (setSystemLocale), so
+// The system separators come from rt::systemConventions() (SystemLocale.h), so
 // tests can run as on a "," system and as on a "." system.
 #include <QString>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "shell/NumberText.h"
+#include "shell/runtime/NumberText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "shell/Numeric.h"
-#include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/SystemLocale.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace rt {
 
@@ -151,9 +151,9 @@ QString Str(double x) { return numberText(x, 15, u'.', true); }
 
 QString StrSingle(float x) { return numberText(x, 7, u'.', true); }
 
-QString NumberToText(double x) { return numberText(x, 15, program().systemDecimal.unicode(), false); }
+QString NumberToText(double x) { return numberText(x, 15, rt::systemConventions().decimal.unicode(), false); }
 
-QString NumberToTextSingle(float x) { return numberText(x, 7, program().systemDecimal.unicode(), false); }
+QString NumberToTextSingle(float x) { return numberText(x, 7, rt::systemConventions().decimal.unicode(), false); }
 
 namespace {
 
@@ -280,9 +280,9 @@ namespace {
 // The locale-aware reading; answers 0 when the text is a number, else the
 // error it raises: 13 for a text that is no number, 6 for one past the range.
 int parseLocaleNumber(const QString& text, double& value) {
-  const ProgramState& p = program();
-  const QChar point = p.systemDecimal;
-  const QChar group = p.systemGroup;
+  const rt::SystemConventions& p = rt::systemConventions();
+  const QChar point = p.decimal;
+  const QChar group = p.group;
   const bool spaceGroup = group == QChar(0x00A0) || group == QChar(0x202F) || group == QLatin1Char(' ');
   const QString s = text.trimmed();
   if (s.isEmpty()) return kTypeMismatch;

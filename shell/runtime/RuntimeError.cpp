@@ -1,4 +1,4 @@
-#include "shell/RuntimeError.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace rt {
 

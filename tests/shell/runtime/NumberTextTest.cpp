@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "shell/NumberText.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/RuntimeError.h"
 #include "tests/support/TestSupport.h"
 
 using namespace rt;

@@ -1,13 +1,13 @@
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 #include <cmath>
 #include <limits>
 
-#include "shell/DateTime.h"
-#include "shell/Format.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/DateTime.h"
+#include "shell/runtime/Format.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace rt {
 

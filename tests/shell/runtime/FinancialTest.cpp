@@ -2,8 +2,8 @@
 // from their closed forms.
 #include <cmath>
 
-#include "shell/Financial.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/Financial.h"
+#include "shell/runtime/RuntimeError.h"
 #include "tests/support/TestSupport.h"
 
 using namespace rt;

@@ -1,6 +1,6 @@
 // Dates as days since 30 December 1899, their parts, DateAdd and DateDiff.
-#include "shell/DateTime.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/DateTime.h"
+#include "shell/runtime/RuntimeError.h"
 #include "tests/support/TestSupport.h"
 
 using namespace rt;

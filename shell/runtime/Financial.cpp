@@ -1,9 +1,9 @@
-#include "shell/Financial.h"
+#include "shell/runtime/Financial.h"
 
 #include <cmath>
 
-#include "shell/Numeric.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace rt {
 

@@ -20,7 +20,7 @@
 #include <cstdint>
 #include <initializer_list>
 
-#include "shell/Variant.h"
+#include "shell/runtime/Variant.h"
 
 namespace rt {
 

@@ -1,9 +1,9 @@
 // Format: the named number forms, digit patterns with their rounding (half
 // away from zero), group marks, exponent parts and sections, and the date
 // patterns. Each case says which decimal symbol it runs with.
-#include "shell/DateTime.h"
-#include "shell/Format.h"
-#include "shell/Variant.h"
+#include "shell/runtime/DateTime.h"
+#include "shell/runtime/Format.h"
+#include "shell/runtime/Variant.h"
 #include "tests/support/TestSupport.h"
 
 using namespace rt;

@@ -1,4 +1,4 @@
-#include "shell/SequentialFile.h"
+#include "shell/runtime/SequentialFile.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -8,10 +8,10 @@
 #include <QSaveFile>
 #include <cmath>
 
-#include "shell/DateTime.h"
-#include "shell/NumberText.h"
-#include "shell/Numeric.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/DateTime.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/RuntimeError.h"
 
 namespace rt {
 

@@ -1,14 +1,14 @@
-#include "shell/Format.h"
+#include "shell/runtime/Format.h"
 
 #include <QDate>
 #include <QTime>
 #include <cmath>
 
-#include "shell/DateTime.h"
-#include "shell/NumberText.h"
-#include "shell/ProgramState.h"
-#include "shell/RuntimeError.h"
-#include "shell/Variant.h"
+#include "shell/runtime/DateTime.h"
+#include "shell/runtime/NumberText.h"
+#include "shell/runtime/SystemLocale.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/Variant.h"
 
 namespace rt {
 
@@ -225,7 +225,7 @@ QString literalText(const QList<Token>& tokens) {
 
 // Inserts the system's group mark every three digits from the right.
 QString groupDigits(const QString& digits) {
-  const QChar mark = program().systemGroup;
+  const QChar mark = rt::systemConventions().group;
   if (mark.isNull()) return digits;
   QString out;
   const qsizetype n = digits.size();
@@ -341,7 +341,7 @@ QString formatSection(const NumberPattern& p, double v) {
     fractionDigits = f.fraction;
   }
   QString out = literalText(p.prefix) + renderInteger(p, integerDigits);
-  if (p.hasPoint) out += program().systemDecimal + renderFraction(p.fraction, fractionDigits);
+  if (p.hasPoint) out += rt::systemConventions().decimal + renderFraction(p.fraction, fractionDigits);
   if (p.hasExponent) out += renderExponent(p, exponent);
   out += literalText(p.suffix);
   return out;
@@ -404,7 +404,7 @@ QString Format(double x, const QString& pattern) {
   if (sameWord(pattern, "Percent")) return formatUserNumber(x, QStringLiteral("0.00%"));
   if (sameWord(pattern, "Scientific")) return formatUserNumber(x, QStringLiteral("0.00E+00"));
   if (sameWord(pattern, "Currency")) {
-    return program().systemLocale.toCurrencyString(x, QString(), 2);
+    return rt::systemConventions().locale.toCurrencyString(x, QString(), 2);
   }
   if (sameWord(pattern, "Yes/No")) return x != 0 ? QStringLiteral("Yes") : QStringLiteral("No");
   if (sameWord(pattern, "True/False")) return x != 0 ? QStringLiteral("True") : QStringLiteral("False");
@@ -417,7 +417,7 @@ namespace {
 
 // The system's short date with two-digit day and month and a four-digit year.
 QString shortDatePattern() {
-  QString f = program().systemLocale.dateFormat(QLocale::ShortFormat);
+  QString f = rt::systemConventions().locale.dateFormat(QLocale::ShortFormat);
   if (!f.contains(QLatin1String("yyyy"))) f.replace(QLatin1String("yy"), QLatin1String("yyyy"));
   if (!f.contains(QLatin1String("dd"))) f.replace(QLatin1Char('d'), QLatin1String("dd"));
   if (!f.contains(QLatin1String("MM"))) f.replace(QLatin1Char('M'), QLatin1String("MM"));
@@ -426,7 +426,7 @@ QString shortDatePattern() {
 
 // The system's short time with seconds added after the minutes.
 QString longTimePattern() {
-  QString f = program().systemLocale.timeFormat(QLocale::ShortFormat);
+  QString f = rt::systemConventions().locale.timeFormat(QLocale::ShortFormat);
   const qsizetype m = f.indexOf(QLatin1String("mm"));
   if (m >= 0 && !f.contains(QLatin1Char('s'))) f.insert(m + 2, QLatin1String(":ss"));
   return f;
@@ -443,7 +443,7 @@ int runLength(const QString& s, qsizetype i) {
 }  // namespace
 
 QString FormatDate(double date, const QString& pattern) {
-  const QLocale& loc = program().systemLocale;
+  const QLocale& loc = rt::systemConventions().locale;
   const QDateTime dt = toQDateTime(date);
   const QDate d = dt.date();
   const QTime t = dt.time();

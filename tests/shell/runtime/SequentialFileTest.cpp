@@ -2,9 +2,9 @@
 // "Input #" reads back, and how a truncated or damaged file fails.
 #include <QFile>
 
-#include "shell/DateTime.h"
-#include "shell/RuntimeError.h"
-#include "shell/SequentialFile.h"
+#include "shell/runtime/DateTime.h"
+#include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/SequentialFile.h"
 #include "tests/support/TestSupport.h"
 
 using namespace rt;

@@ -4,8 +4,8 @@
 #include <limits>
 #include <utility>
 
-#include "shell/Numeric.h"
-#include "shell/RuntimeError.h"
+#include "shell/runtime/Numeric.h"
+#include "shell/runtime/RuntimeError.h"
 #include "tests/support/TestSupport.h"
 
 using namespace rt;
