@@ -16,7 +16,7 @@
 #include "shell/runtime/RuntimeError.h"
 
 namespace {
-constexpr int kTitle = 1298;
+constexpr int kErrorTitle = 1342;
 constexpr int kNoteLead = 1247;
 constexpr int kFactorOf = 1292;
 constexpr int kTo = 1293;
@@ -128,7 +128,7 @@ bool ConverterModel::computeResult(double value) {
   } catch (const rt::RuntimeError& e) {
     Text4.clear();
     ProgramState& p = program();
-    p.MainMenuTitle = Res(kTitle).trimmed();
+    p.MainMenuTitle = Res(kErrorTitle);
     p.SectionTitle = Label11;
     ReportError(e.number(), 3, 3, 0);
     return false;
