@@ -17,6 +17,7 @@
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
 #include "shell/Strings.h"
+#include "shell/WindowRegistry.h"
 #include "tests/support/GuiTestSupport.h"
 
 class ConverterWindowTest : public QObject {
@@ -79,6 +80,30 @@ class ConverterWindowTest : public QObject {
     QVERIFY(list->isVisible());
     QCOMPARE(list->count(), 5);  // the click's factor line and blank, then Enter's three lines
     QCOMPARE(list->currentRow(), 3);
+  }
+
+  void takesTheOpenCalculatorsDisplay() {
+    clearWindowRegistry();
+    registerWindowFactory(WindowId::ScientificCalculator, [] {
+      auto* calculator = new QWidget;
+      auto* numero = new QLineEdit(QStringLiteral("7"), calculator);
+      numero->setObjectName(QStringLiteral("numero"));
+      return calculator;
+    });
+    ConverterWindow w;
+    w.show();
+    QTest::mouseClick(unit(w, 3), Qt::LeftButton);
+    QTest::mouseClick(unit(w, 6), Qt::LeftButton);
+    QCOMPARE(text(w, "Text2"), QString());  // no calculator open: its "0" is not taken
+    QTest::mouseClick(control<QPushButton>(w, QStringLiteral("Command7")), Qt::LeftButton);
+    QWidget* calculator = findWindow(WindowId::ScientificCalculator);
+    QVERIFY(calculator && calculator->isVisible());
+    QTest::mouseClick(unit(w, 9), Qt::LeftButton);
+    QTest::mouseClick(unit(w, 3), Qt::LeftButton);
+    QCOMPARE(text(w, "Text2"), QStringLiteral("7"));
+    QCOMPARE(text(w, "Text4"), QStringLiteral("7E-06"));  // 7 mm in km
+    delete calculator;
+    clearWindowRegistry();
   }
 
   void theMenuHoldsEveryTable() {
