@@ -141,18 +141,36 @@ int unitOf(const QString& name, const UnitTable& table, QString& error) {
   return index;
 }
 
+// With --json the same lists come as "tables" (item, units, Label11) or
+// "units" (index, caption, factor).
 int listTables(CliContext& ctx, const UnitTables& tables, const QString& item) {
+  QJsonArray list;
   if (item.isEmpty()) {
     for (const UnitTable& t : tables.tables()) {
-      ctx.out << t.item << '\t' << t.rows.size() << '\t' << Res(t.labelId) << '\n';
+      if (ctx.jsonOutput) {
+        list.append(QJsonObject{{QStringLiteral("item"), t.item},
+                                {QStringLiteral("units"), static_cast<int>(t.rows.size())},
+                                {QStringLiteral("Label11"), Res(t.labelId)}});
+      } else {
+        ctx.out << t.item << '\t' << t.rows.size() << '\t' << Res(t.labelId) << '\n';
+      }
     }
+    if (ctx.jsonOutput) ctx.json.insert(QStringLiteral("tables"), list);
     return 0;
   }
   const UnitTable* table = tables.find(item);
   if (!table) return ctx.usage(QStringLiteral("convert: unknown table %1").arg(item));
   for (qsizetype i = 0; i < table->rows.size(); ++i) {
-    ctx.out << i << '\t' << table->rows.at(i).caption << '\t' << shortestText(table->rows.at(i).factor) << '\n';
+    const UnitRow& row = table->rows.at(i);
+    if (ctx.jsonOutput) {
+      list.append(QJsonObject{{QStringLiteral("index"), static_cast<int>(i)},
+                              {QStringLiteral("caption"), row.caption},
+                              {QStringLiteral("factor"), row.factor}});
+    } else {
+      ctx.out << i << '\t' << row.caption << '\t' << shortestText(row.factor) << '\n';
+    }
   }
+  if (ctx.jsonOutput) ctx.json.insert(QStringLiteral("units"), list);
   return 0;
 }
 

@@ -116,6 +116,9 @@ TEST_F(ConvertCommand, ListsTablesAndUnits) {
   EXPECT_EQ(lines.at(5), QStringLiteral("5\tMegatones\t4184000000000000.0"));
   EXPECT_EQ(lines.at(10), QStringLiteral("10\tTonelada de Refrigeración\t12670439.999999998"));
   EXPECT_EQ(lines.at(25), QStringLiteral("25\tCalorías  {cal}\t4.1868"));
+  const QJsonObject units = json({"--list", "--table", "informat"});
+  EXPECT_EQ(units.value("units").toArray().at(6).toObject().value("factor").toDouble(), 8192);
+  EXPECT_EQ(json({"--list"}).value("tables").toArray().size(), 48);
   r = convert({"--list", "--table", "aceleracionangular"}, {"--decimal", ","});
   EXPECT_TRUE(r.out.startsWith(QStringLiteral("0\tDegrees/h²\t1.346704669748711e-09\n"))) << r.out.toStdString();
 }
