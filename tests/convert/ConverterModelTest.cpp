@@ -121,6 +121,7 @@ TEST_F(ConverterModelTest, DirectEntryWithEnterOnBothSeparators) {
   } rows[] = {
       {false, "1.5", "1.5", "0.0015"}, {true, "1.5", "1,5", "0,0015"}, {true, "1,5", "1,5", "0,0015"},
       {false, "12ab3", "123", "0.123"}, {false, "-2e3", "-2e3", "-2"},
+      {false, "19\b5", "15", "0.015"},  // backspace takes the last character
   };
   for (const auto& row : rows) {
     if (row.comma) useComma();
