@@ -11,6 +11,7 @@
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/HelpWindow.h"
 #include "shell/MessageBoxWindow.h"
+#include "shell/PreferencesWindow.h"
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/WindowRegistry.h"
@@ -35,6 +36,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
   registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
+  registerWindowFactory(WindowId::Preferences, [] { return new PreferencesWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
