@@ -1,6 +1,7 @@
 // The drawn button as a widget: every look has three different forms, lines
 // stay crisp at twice the pixel ratio, and mouse events reach the model
 // (click, hover and the timer's leave).
+#include <QPainter>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTest>
