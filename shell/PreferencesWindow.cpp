@@ -85,6 +85,8 @@ PreferencesWindow::PreferencesWindow(QWidget* parent) : QWidget(parent) {
     loadCaptions();
     refresh();
   });
+  setProperty("screenshotStates", QStringList{QStringLiteral("en"), QStringLiteral("fr"), QStringLiteral("ca"),
+                                              QStringLiteral("commandbox")});
   adjustSize();
   if (QScreen* s = screen()) {
     const QRect area = s->availableGeometry();
@@ -384,6 +386,17 @@ void PreferencesWindow::refresh() {
   Image1->setPixmap(flagPicture(m.flag()));
   commandRow_->setVisible(m.commandBoxVisible);
   refreshing_ = false;
+}
+
+void PreferencesWindow::showScreenshotState(const QString& state) {
+  const QStringList languages{QStringLiteral("es"), QStringLiteral("en"), QStringLiteral("fr"), QStringLiteral("ca")};
+  if (languages.contains(state)) {
+    act([&] { model_.List5_Click(static_cast<int>(languages.indexOf(state))); });
+  } else if (state == QLatin1String("commandbox")) {
+    model_.commandBoxVisible = true;
+    model_.Text6 = QStringLiteral("cvxinfo");
+    refresh();
+  }
 }
 
 QString PreferencesWindow::askFileName(const Preferences::FileDialogRequest& r) {

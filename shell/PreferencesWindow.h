@@ -28,6 +28,9 @@ class PreferencesWindow : public QWidget {
   void refresh();
   // Sets every caption and tooltip in the language the window shows.
   void loadCaptions();
+  // For the screenshot tour: "en", "fr", "ca" show the window in that
+  // language, "commandbox" opens the hidden command box.
+  Q_INVOKABLE void showScreenshotState(const QString& state);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
