@@ -117,8 +117,6 @@ void ChameleonButtonWidget::setChecked(bool on) {
   model_.setProperty(QStringLiteral("VALUE"), on ? QStringLiteral("True") : QStringLiteral("False"));
 }
 
-void ChameleonButtonWidget::setButtonEnabled(bool on) { setEnabled(on); }
-
 QSize ChameleonButtonWidget::sizeHint() const {
   const QFontMetrics fm(font());
   return QSize(std::max(fm.horizontalAdvance(model_.caption) + 24, 75), std::max(fm.height() + 12, 25));

@@ -22,8 +22,6 @@ class ChameleonButtonWidget : public QWidget {
   void setLook(int btype);
   void setChecked(bool on);
   bool isChecked() const { return model_.value; }
-  // Keeps the model's enabled property in step with the widget's.
-  void setButtonEnabled(bool on);
   QTimer* overTimer() { return &overTimer_; }
 
   QSize sizeHint() const override;
