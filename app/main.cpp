@@ -12,6 +12,7 @@
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/HelpWindow.h"
 #include "shell/MessageBoxWindow.h"
+#include "shell/PreferencesWindow.h"
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/WindowRegistry.h"
@@ -37,6 +38,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
   registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
   registerWindowFactory(WindowId::UnitConverter, [] { return new ConverterWindow; });
+  registerWindowFactory(WindowId::Preferences, [] { return new PreferencesWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

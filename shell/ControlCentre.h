@@ -112,12 +112,13 @@ class ControlCentre {
   static QString appFolderFor(const QString& applicationPath);
   // Help topic of a control of this window.
   static int helpTopic(int controlNumber);
+  // Captions and tooltips from the string table, in the current language.
+  void loadTexts();
 
  private:
   template <typename Step>
   void runStep(int number, Step&& step);
   void openModule(CentreModule module, int controlNumber);
-  void loadTexts();
 
   ControlCentreHost& host_;
 };

@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "shell/LanguageService.h"
 #include "shell/PictureHolderView.h"
 #include "shell/WindowRegistry.h"
 #include "shell/WindowServices.h"
@@ -83,6 +84,10 @@ ControlCentreWindow::ControlCentreWindow(QWidget* parent)
   buildWidgets();
   takeKeys(this);
   refresh();
+  connect(&languageNotifier(), &LanguageNotifier::languageChanged, this, [this] {
+    model_.loadTexts();
+    refresh();
+  });
 }
 
 ControlCentreWindow::~ControlCentreWindow() = default;

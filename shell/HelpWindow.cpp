@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "shell/LanguageService.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
@@ -81,6 +82,7 @@ HelpWindow::HelpWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
   layout->addWidget(browser, 1);
   resize(640, 560);
   loadCaptions();
+  connect(&languageNotifier(), &LanguageNotifier::languageChanged, this, &HelpWindow::loadCaptions);
   browser->setSource(QUrl(QStringLiteral("qrc:/help/%1/index.html").arg(languageFolder())));
 }
 
