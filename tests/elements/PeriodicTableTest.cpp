@@ -87,6 +87,40 @@ TEST_F(PeriodicTableTest, LanguageChangesTheNameButNotTheNumbers) {
   EXPECT_EQ(PeriodicTable::elementName(4), QStringLiteral("Beril·li"));
 }
 
+TEST_F(PeriodicTableTest, EverySheetHasItsCaptionsNameAndTranslationsInEveryLanguage) {
+  for (int offset : {0, 10000, 20000, 30000}) {
+    language(offset);
+    PeriodicTable t = loaded();
+    for (int unit : {0, 1}) {
+      t.EnergyUnit_Click(unit);
+      for (int z = 1; z <= 111; ++z) {
+        t.zeta_Click(z);
+        for (int i = 0; i < kElementFieldCount; ++i) {
+          EXPECT_FALSE(t.captions[i].isEmpty()) << offset << " field " << i;
+          EXPECT_FALSE(t.sheet[i].isEmpty()) << offset << " z " << z << " field " << i;
+        }
+        // A stored text the translation tables do not know would show as unknown.
+        if (t.Image2 == AcidBase::Unknown) {
+          EXPECT_TRUE(t.text(ElementField::caracteres).endsWith(QLatin1String("--"))) << z;
+        }
+        if (t.crystalPicture == CrystalSystem::Unknown) {
+          EXPECT_EQ(t.text(ElementField::cristal), QStringLiteral("--")) << z;
+        }
+      }
+    }
+  }
+  // Every stored acid-base and crystal text is one the window translates.
+  const QList<ElementRecord> rows = readElementTable(appFolder.filePath(QStringLiteral("cvxtp.dlj")));
+  PeriodicTable t = loaded();
+  for (int z = 1; z <= 111; ++z) {
+    t.zeta_Click(z);
+    const QString acid = rows[z - 1][fieldIndex(ElementField::caracteres)];
+    const QString crystal = rows[z - 1][fieldIndex(ElementField::cristal)];
+    EXPECT_EQ(t.Image2 == AcidBase::Unknown, acid == QLatin1String("--")) << z << " " << acid.toStdString();
+    EXPECT_EQ(t.crystalPicture == CrystalSystem::Unknown, crystal == QLatin1String("--")) << z;
+  }
+}
+
 TEST_F(PeriodicTableTest, UnknownValuesShowTwoDashesInEveryUnit) {
   PeriodicTable t = loaded();
   t.zeta_Click(111);
