@@ -207,6 +207,35 @@ TEST_F(PeriodicTableTest, MissingTableLeavesTheLabelsEmptyButNamesTheElement) {
   EXPECT_TRUE(messages.shown().empty());
 }
 
+TEST_F(PeriodicTableTest, RowZIsElementZAndAnElementWithoutWeightAddsNothing) {
+  // A small table of our own: row 1 claims to be number 7 and has no weight.
+  ElementRecord first, second;
+  for (int i = 0; i < kElementFieldCount; ++i) first[i] = second[i] = QStringLiteral("1.5");
+  first[fieldIndex(ElementField::numat)] = QStringLiteral("7");
+  first[fieldIndex(ElementField::simbolos)] = QStringLiteral("H");
+  first[fieldIndex(ElementField::pesos)] = QStringLiteral("--");
+  second[fieldIndex(ElementField::simbolos)] = QStringLiteral("He");
+  const QString path = appFolder.filePath(QStringLiteral("cvxtp.dlj"));
+  QFile::remove(path);
+  ASSERT_TRUE(writeElementTable(path, {first, second}));
+  PeriodicTable t = loaded();
+  t.calculo_Click();
+  t.zeta_Click(1);
+  EXPECT_EQ(t.text(ElementField::numat), QStringLiteral("7"));  // the row, not a search by number
+  EXPECT_TRUE(t.weight.formula.isEmpty());
+  EXPECT_EQ(t.weight.ultimo, -1);
+  for (ElementField f : {ElementField::energias, ElementField::calorvs, ElementField::calorfs, ElementField::condutes,
+                         ElementField::calores}) {
+    EXPECT_EQ(t.text(f), QStringLiteral("--"));
+  }
+  t.zeta_Click(2);
+  EXPECT_EQ(t.weight.formula, QStringLiteral("He"));
+  EXPECT_EQ(t.weight.masa, QStringLiteral("1.5"));
+  t.zeta_Click(3);  // no row 3: the labels stay empty, nothing is added
+  EXPECT_TRUE(t.text(ElementField::pesos).isEmpty());
+  EXPECT_EQ(t.weight.formula, QStringLiteral("He"));
+}
+
 TEST_F(PeriodicTableTest, BuilderAddsTheStoredWeightOnEitherSystem) {
   for (bool comma : {false, true}) {
     if (comma) useComma();
