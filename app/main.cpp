@@ -5,6 +5,7 @@
 #include "app/ScreenshotTour.h"
 #include "calc/CalculatorWindow.h"
 #include "convert/ConverterWindow.h"
+#include "elements/PeriodicTableWindow.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
 #include "shell/ControlCentreWindow.h"
@@ -39,6 +40,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
   registerWindowFactory(WindowId::UnitConverter, [] { return new ConverterWindow; });
   registerWindowFactory(WindowId::Preferences, [] { return new PreferencesWindow; });
+  registerWindowFactory(WindowId::PeriodicTable, [] { return new PeriodicTableWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
