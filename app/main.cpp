@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "app/ScreenshotTour.h"
+#include "bank/BankWindow.h"
 #include "calc/CalculatorWindow.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
@@ -35,6 +36,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
   registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
+  registerWindowFactory(WindowId::Banking, [] { return new BankWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
