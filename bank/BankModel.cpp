@@ -97,6 +97,14 @@ void BankModel::setFormat(int decimals) {
   formatoBanco = QString::fromLatin1(patterns[decimals]);
 }
 
+void BankModel::reformat(int decimals) {
+  setFormat(decimals);
+  if (!computed) return;
+  keepPagoInicio_ = true;
+  Command7_Click();
+  keepPagoInicio_ = false;
+}
+
 QString BankModel::fmt(double x) const { return rt::Format(x, formatoBanco); }
 
 double BankModel::boxValue(const QString& text) {
@@ -181,8 +189,8 @@ void BankModel::Command7_Click() {
     return;
   }
   tasaMes = boxValue(interes) / 100 / 12;
-  pagoInicio = 0;
-  if (tipo > 1) askPagoInicio();
+  if (!keepPagoInicio_) pagoInicio = 0;
+  if (tipo > 1 && !keepPagoInicio_) askPagoInicio();
   try {
     switch (tipo) {
       case 1: deposit(cap); break;

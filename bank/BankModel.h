@@ -95,6 +95,9 @@ class BankModel {
   void BanKOperations(int newTipo);
   void Option_Click(bool years);
   void setFormat(int decimals);  // 0, 1 or 2 decimals: "Pos. Decimal"
+  // A new format on a computed operation: the results again, with the answer
+  // already given about when payments fall.
+  void reformat(int decimals);
   void Command7_Click();         // Cálculo
   // A typed key for a box: the key to keep (a point or comma as the decimal
   // symbol), 0 to drop it.
@@ -152,5 +155,6 @@ class BankModel {
   void fillMonthColumn();
   bool askPagoInicio();
   bool prompt(int textId, int titleId, double& value);
+  bool keepPagoInicio_ = false;
   void showInformation(const QString& text, const QString& title);
 };

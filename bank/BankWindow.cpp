@@ -326,10 +326,7 @@ void BankWindow::buildMenus() {
     QString caption = QString::fromLatin1(patterns[d]);
     caption.replace(QLatin1Char('.'), program().DecimalSymbol.toText());
     decimalActions_[d] = item(decimals, QStringLiteral("decimales%1").arg(d), caption, [this, d] {
-      act([&] {
-        model_.setFormat(d);
-        if (model_.computed) model_.Command7_Click();
-      });
+      act([&] { model_.reformat(d); });
     });
     decimalActions_[d]->setCheckable(true);
     decimalGroup->addAction(decimalActions_[d]);

@@ -132,6 +132,22 @@ TEST_F(BankModelTest, DepositGrowsByFutureValueWithoutAskingWhenPaymentsFall) {
   EXPECT_EQ(m.total, QStringLiteral("11272"));
 }
 
+TEST_F(BankModelTest, ANewFormatRecomputesWithoutAskingAgain) {
+  messages.queueButton(1);
+  run({3, "10000", "8", "10"});
+  m.reformat(1);
+  EXPECT_EQ(messages.shown().size(), 1u);
+  EXPECT_EQ(m.pagoInicio, 1);
+  EXPECT_EQ(m.Bancolist.at(1).at(1), QStringLiteral("1030.2"));
+}
+
+TEST_F(BankModelTest, ALoanLongerThanAGridCanHoldFailsOnTheDisplay) {
+  run({3, "10000", "8", "9999", true});
+  EXPECT_EQ(m.numero, rt::standardDescription(rt::kOutOfMemory));
+  EXPECT_FALSE(m.computed);
+  EXPECT_TRUE(m.Bancolist.isEmpty());
+}
+
 // ---- Savings plans ------------------------------------------------------------------------
 
 struct PlanRow {

@@ -110,6 +110,17 @@ class BankWindowTest : public QObject {
 
     control<QAction>(w, "registro2")->trigger();
     QCOMPARE(RegisterValue(1), w.model().mensualValue);
+
+    // A block of one column selected in the grid is summed.
+    grid->selectionModel()->select(QItemSelection(grid->model()->index(0, 2), grid->model()->index(2, 2)),
+                                   QItemSelectionModel::ClearAndSelect);
+    grid->selectionModel()->setCurrentIndex(grid->model()->index(2, 2), QItemSelectionModel::NoUpdate);
+    guiMessages().clear();
+    control<QAction>(w, "SumaCol")->trigger();
+    QCOMPARE(guiMessages().shown().size(), size_t(1));
+    QCOMPARE(guiMessages().shown().front().title, Res(774));
+    QVERIFY(guiMessages().shown().front().text.contains(Res(776) + QStringLiteral(" 3")));
+    QVERIFY(guiMessages().shown().front().text.endsWith(QStringLiteral(" 2930.55")));
   }
 
   void saveAndReopen() {
@@ -118,11 +129,13 @@ class BankWindowTest : public QObject {
     BankWindow w;
     show(w);
     enterLoan(w);
+    QString folder;
     w.model().hooks.fileDialog = [&](const BankModel::FileDialogRequest& r) {
-      if (!r.folder.endsWith(QLatin1String("datos/"))) qWarning("dialog outside datos/");
+      folder = r.folder;
       return path;
     };
     control<QAction>(w, "bancoSave")->trigger();
+    QCOMPARE(folder, program().AppFolder.toText() + QStringLiteral("datos/"));
     BankWindow other;
     other.model().hooks.fileDialog = [&](const BankModel::FileDialogRequest&) { return path; };
     control<QAction>(other, "bancoImport")->trigger();
