@@ -30,6 +30,12 @@ constexpr double kMaxLoanMonths = 100000;
 
 QString decimalSymbol() { return program().DecimalSymbol.toText(); }
 
+// The title of a reported error: the module, then what the user was doing.
+void context(int sectionId) {
+  program().MainMenuTitle = Res(6);
+  program().SectionTitle = Res(sectionId);
+}
+
 // Cents by adding the half cent and truncating, as the table has always done
 // (not the runtime's Round: halves do not go to the even neighbour).
 double halfCent(double x) { return rt::Int((x + 0.005) * 100) / 100; }
@@ -56,7 +62,7 @@ QString& BankModel::box(int index) {
 const QString& BankModel::box(int index) const { return const_cast<BankModel*>(this)->box(index); }
 
 void BankModel::Form_Load() {
-  program().SectionTitle = Res(724);
+  context(724);
   formatoBanco = QStringLiteral("0.00");
   BanKOperations(tipo);
 }
@@ -179,7 +185,7 @@ bool BankModel::askPagoInicio() {
 
 void BankModel::Command7_Click() {
   if (helpInstead(kHelpTopic)) return;
-  program().SectionTitle = Res(headingId());
+  context(headingId());
   clearResults();
   if (capital.isEmpty()) capital = QStringLiteral("0");
   const double cap = boxValue(capital);
@@ -349,6 +355,7 @@ void BankModel::Bancolist_Click(int row) {
 
 void BankModel::earlyRepayment(int row) {
   if (tipo != 3 || row < 1 || row > loanRows.size()) return;
+  context(730);
   program().MessageDefault = QString();
   MBoxShow(4, Res(732), 5, 3, 0, Res(730));
   if (program().MessageResult != 0) return;
@@ -502,6 +509,7 @@ void BankModel::bancoSave_Click() {
 }
 
 bool BankModel::bancoImport(const QString& path) {
+  context(716);
   if (!hasBanExtension(QFileInfo(path).fileName())) {
     showError(901);
     return false;
@@ -530,6 +538,7 @@ bool BankModel::bancoImport(const QString& path) {
 }
 
 bool BankModel::bancoSave(const QString& path) {
+  context(718);
   if (!hasBanExtension(QFileInfo(path).fileName())) {
     showError(900);
     return false;
