@@ -26,7 +26,9 @@ namespace {
 constexpr int kHelpTopic = 60000;
 constexpr int kMessageSound = 2;
 constexpr int kMessageStyle = 3;
-constexpr double kMaxLoanMonths = 100000;
+// A thousand years of months: longer tables fail as a full grid would, and
+// the window never waits long for one.
+constexpr double kMaxMonths = 12000;
 
 QString decimalSymbol() { return program().DecimalSymbol.toText(); }
 
@@ -198,6 +200,7 @@ void BankModel::Command7_Click() {
   if (!keepPagoInicio_) pagoInicio = 0;
   if (tipo > 1 && !keepPagoInicio_) askPagoInicio();
   try {
+    if (meses > kMaxMonths) rt::raise(rt::kOutOfMemory);
     switch (tipo) {
       case 1: deposit(cap); break;
       case 2: savingsPlan(cap); break;
@@ -278,8 +281,6 @@ void BankModel::savingsPlan(double cap) {
 }
 
 void BankModel::loan(double cap) {
-  // A table of more months than a grid can hold fails as the grid would.
-  if (meses > kMaxLoanMonths) rt::raise(rt::kOutOfMemory);
   mensualValue = rt::PMT(tasaMes, meses, -cap, 0, pagoInicio);
   totalValue = mensualValue * meses;
   interesesValue = totalValue - cap;

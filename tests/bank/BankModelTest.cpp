@@ -141,11 +141,15 @@ TEST_F(BankModelTest, ANewFormatRecomputesWithoutAskingAgain) {
   EXPECT_EQ(m.Bancolist.at(1).at(1), QStringLiteral("1030.2"));
 }
 
-TEST_F(BankModelTest, ALoanLongerThanAGridCanHoldFailsOnTheDisplay) {
-  run({3, "10000", "8", "9999", true});
-  EXPECT_EQ(m.numero, rt::standardDescription(rt::kOutOfMemory));
-  EXPECT_FALSE(m.computed);
-  EXPECT_TRUE(m.Bancolist.isEmpty());
+TEST_F(BankModelTest, AnOperationLongerThanAGridCanHoldFailsOnTheDisplay) {
+  for (int tipo : {1, 2, 3}) {
+    run({tipo, "10000", "8", "1001", true, "10"});
+    EXPECT_EQ(m.numero, rt::standardDescription(rt::kOutOfMemory)) << tipo;
+    EXPECT_FALSE(m.computed);
+    EXPECT_TRUE(m.Bancolist.isEmpty());
+  }
+  run({3, "10000", "8", "1000", true});
+  EXPECT_EQ(m.rowCount(), 12001);
 }
 
 // ---- Savings plans ------------------------------------------------------------------------
