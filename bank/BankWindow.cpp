@@ -106,7 +106,14 @@ BankWindow::BankWindow(QWidget* parent) : QMainWindow(parent) {
   boxes_[BankModel::kCapital]->setFocus();
 }
 
-BankWindow::~BankWindow() = default;
+BankWindow::~BankWindow() {
+  // The widgets outlive model_ (they go with the QWidget base): nothing may
+  // read it from here on.
+  destroying_ = true;
+  for (QLineEdit* box : boxes_) box->removeEventFilter(this);
+  delete Bancolist;
+  Bancolist = nullptr;
+}
 
 // ---- Building ------------------------------------------------------------------------------
 
@@ -337,6 +344,7 @@ void BankWindow::buildMenus() {
 
 template <typename Handler>
 void BankWindow::act(Handler&& handler) {
+  if (destroying_) return;
   handler();
   if (model_.errorBeep) {
     model_.errorBeep = false;
@@ -346,7 +354,7 @@ void BankWindow::act(Handler&& handler) {
 }
 
 void BankWindow::boxEdited(int index) {
-  if (refreshing_) return;
+  if (refreshing_ || destroying_) return;
   QLineEdit* box = boxes_[index];
   const QString typed = box->text();
   const int cursor = box->cursorPosition();

@@ -76,4 +76,5 @@ class BankWindow : public QMainWindow {
   QAction* tipoActions_[3] = {};
   QAction* decimalActions_[3] = {};
   bool refreshing_ = false;
+  bool destroying_ = false;
 };

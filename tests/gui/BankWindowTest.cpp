@@ -3,6 +3,7 @@
 // repayment is chosen by clicking a row, a file is saved and opened again,
 // both printed forms go to a PDF file, and the window fits the screen.
 #include <QAction>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -11,6 +12,7 @@
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+#include <ctime>
 
 #include "bank/BanFile.h"
 #include "bank/BankWindow.h"
@@ -121,6 +123,31 @@ class BankWindowTest : public QObject {
     QCOMPARE(guiMessages().shown().front().title, Res(774));
     QVERIFY(guiMessages().shown().front().text.contains(Res(776) + QStringLiteral(" 3")));
     QVERIFY(guiMessages().shown().front().text.endsWith(QStringLiteral(" 2930.55")));
+  }
+
+  void aThirtyYearLoanComputesAndShowsQuickly() {
+    BankWindow w;
+    show(w);
+    control<QAction>(w, "tipo3")->trigger();
+    type(w, "capital", QStringLiteral("200000"));
+    type(w, "interes", QStringLiteral("5"));
+    type(w, "tiempo", QStringLiteral("30"));
+    QTest::mouseClick(control<QRadioButton>(w, "Option2"), Qt::LeftButton);
+    // Processor time of this thread, so that a busy machine does not count.
+    auto cpuMs = [] {
+      timespec t{};
+      clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+      return t.tv_sec * 1000.0 + t.tv_nsec / 1e6;
+    };
+    QElapsedTimer timer;
+    timer.start();
+    const double start = cpuMs();
+    QTest::mouseClick(control<QPushButton>(w, "Command7"), Qt::LeftButton);
+    w.repaint();
+    const double ms = cpuMs() - start;
+    qInfo("360 rows computed and painted in %.1f ms of processor time (%lld ms on the clock)", ms, timer.elapsed());
+    QCOMPARE(control<QTableView>(w, "Bancolist")->model()->rowCount(), 360);
+    QVERIFY2(ms < 50, qPrintable(QString::number(ms)));
   }
 
   void saveAndReopen() {
