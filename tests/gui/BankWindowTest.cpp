@@ -4,6 +4,7 @@
 // both printed forms go to a PDF file, and the window fits the screen.
 #include <QAction>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -170,6 +171,19 @@ class BankWindowTest : public QObject {
     QVERIFY(control<QRadioButton>(other, "Option1")->isChecked());
     QVERIFY(control<QAction>(other, "tipo3")->isChecked());
     QCOMPARE(other.model().inputs(), w.model().inputs());
+
+    // A damaged file is refused with its message and the window keeps what it had.
+    QFile damaged(path);
+    QVERIFY(damaged.open(QIODevice::WriteOnly));
+    damaged.write("3\r\n\"555\",\"8");
+    damaged.close();
+    type(other, "interes", QStringLiteral("5"));
+    guiMessages().clear();
+    control<QAction>(other, "bancoImport")->trigger();
+    QCOMPARE(guiMessages().shown().size(), size_t(1));
+    QVERIFY(guiMessages().shown().front().text.endsWith(Res(2904)));
+    QCOMPARE(control<QLineEdit>(other, "capital")->text(), QStringLiteral("10000"));
+    QCOMPARE(control<QLineEdit>(other, "interes")->text(), QStringLiteral("85"));
   }
 
   void bothFormsPrintToPdf() {
