@@ -398,7 +398,9 @@ bool BankModel::prompt(int textId, int titleId, double& value) {
   program().MessageDefault = QString();
   MBoxShow(4, Res(textId), 5, 3, 0, Res(titleId));
   if (program().MessageResult != 0) return false;
-  value = rt::Val(program().MessageValue.toText());
+  // The box turned a typed point into the decimal symbol; Val reads a point
+  // only, so a decimal comma goes back to a point first (as SumaCol does).
+  value = rt::Val(program().MessageValue.toText().replace(QLatin1Char(','), QLatin1Char('.')));
   return true;
 }
 

@@ -369,6 +369,13 @@ const DurationRow kDurations[] = {
 INSTANTIATE_TEST_SUITE_P(BankModel, Duration, ::testing::ValuesIn(kDurations),
                          [](const auto& info) { return std::string(info.param.name); });
 
+TEST_F(BankModelTest, PromptsReadADecimalCommaAsAPoint) {
+  useComma();
+  for (const char* a : {"10000", "4,5", "500"}) messages.queueAnswer(QString::fromLatin1(a));
+  m.PrestTiempo();
+  EXPECT_NEAR(m.durationX, rt::NPER(0.045 / 12, 500, -10000), 1e-9);
+}
+
 TEST_F(BankModelTest, APaymentBelowTheInterestShowsTheRuntimeMessage) {
   for (const char* a : {"10000", "12", "50"}) messages.queueAnswer(QString::fromLatin1(a));
   m.PrestTiempo();
