@@ -441,7 +441,7 @@ void BankWindow::refresh() {
   Command15->setEnabled(loan);
   Command14->setChecked(model_.Command14);
   Label731->setVisible(model_.waitingForRow);
-  report->setVisible(loan);
+  report->setVisible(loan && !model_.report.isEmpty());
   if (report->toPlainText() != model_.report) report->setPlainText(model_.report);
   tipoActions_[model_.tipo - 1]->setChecked(true);
   for (int d = 0; d <= 2; ++d) {
