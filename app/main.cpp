@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "app/ScreenshotTour.h"
+#include "bank/BankWindow.h"
 #include "calc/CalculatorWindow.h"
 #include "convert/ConverterWindow.h"
 #include "elements/PeriodicTableWindow.h"
@@ -41,6 +42,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::UnitConverter, [] { return new ConverterWindow; });
   registerWindowFactory(WindowId::Preferences, [] { return new PreferencesWindow; });
   registerWindowFactory(WindowId::PeriodicTable, [] { return new PeriodicTableWindow; });
+  registerWindowFactory(WindowId::Banking, [] { return new BankWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
