@@ -48,6 +48,10 @@ void runTour(const QString& folder) {
       QMetaObject::invokeMethod(w, "showScreenshotState", Q_ARG(QString, state));
       settle(300);
       shoot(w, QDir(folder).filePath(windowName(id) + u'-' + state + QStringLiteral(".png")));
+      if (w->property("screenshotScreenStates").toStringList().contains(state) && w->screen()) {
+        w->screen()->grabWindow(0).save(
+            QDir(folder).filePath(QStringLiteral("screen-") + windowName(id) + u'-' + state + QStringLiteral(".png")));
+      }
     }
   }
   // The whole screen too, to see how the windows sit on 1280x800.

@@ -103,7 +103,9 @@ FunctionTableWindow::FunctionTableWindow(QWidget* parent) : QMainWindow(parent) 
   shortcut(QKeySequence(Qt::Key_Escape), Qt::Key_Escape, Qt::NoModifier);
 
   setProperty("screenshotStates", QStringList{QStringLiteral("function"), QStringLiteral("expression"),
-                                               QStringLiteral("edit")});
+                                               QStringLiteral("edit"), QStringLiteral("plot")});
+  // The plot beside the table is a picture of the whole screen.
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("plot")});
   resize(1190, 700);
   refresh();
   txtExpression->setFocus();
@@ -620,6 +622,9 @@ void FunctionTableWindow::showScreenshotState(const QString& state) {
       table_.txtExpression = QString::fromLatin1(e);
       act([&] { table_.cmdResult_Click(); });
     }
+  } else if (state == QLatin1String("plot")) {
+    showScreenshotState(QStringLiteral("function"));
+    if (!table_.plot) act([&] { table_.plot_Click(); });
   } else if (state == QLatin1String("edit")) {
     act([&] { table_.mnufunc_Click(); });
     act([&] { table_.Form_KeyDown(Qt::Key_F12, Qt::ControlModifier); });

@@ -72,8 +72,11 @@ void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode) {
   }
   KeepOnScreen(mainWindow);
   KeepOnScreen(second);
-  mainWindow->raise();
-  mainWindow->activateWindow();
+  // A pair too large for the screen overlaps: the window just asked for stays
+  // on top, or it would open hidden behind the main one.
+  QWidget* front = mainWindow->frameGeometry().intersects(second->frameGeometry()) ? second : mainWindow;
+  front->raise();
+  front->activateWindow();
 }
 
 namespace {

@@ -11,8 +11,8 @@ class QWidget;
 void OpenCalculator();
 // Mode 0: the pair centred side by side, second to the right; mode 1: stacked,
 // second above. Then shows the second and raises the main window. Where the
-// pair does not fit the screen, each window is still kept wholly on it (the
-// second then overlaps the main one).
+// pair does not fit the screen, each window is still kept wholly on it and
+// the second, overlapping the main one, is raised instead.
 void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode);
 // Moves a top-level window, frame included, inside the available geometry of
 // its screen (shrinking it first when it is larger than that), so no part of it

@@ -3,6 +3,8 @@
 // whole inside its parent, nothing on top of anything else; every page of its
 // tab widgets too. The message box is checked with its list, its input line
 // and three buttons.
+#include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include "shell/MessageBoxWindow.h"
@@ -76,6 +78,22 @@ class WindowGeometryTest : public QObject {
     QCOMPARE(writeSettingsFile(QCoreApplication::applicationDirPath() + QStringLiteral("/cvdata.txt"), program()), 0);
     const QStringList problems = checkWindowInLanguage(static_cast<WindowId>(window), language);
     QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
+  }
+
+  void thePlotOpensBesideTheTableWhollyOnTheScreen() {
+    QWidget* table = OpenWindow(WindowId::FunctionTable);
+    QVERIFY(QTest::qWaitForWindowExposed(table));
+    QMetaObject::invokeMethod(table, "showScreenshotState", Q_ARG(QString, QStringLiteral("function")));
+    auto* plotButton = table->findChild<QPushButton*>(QStringLiteral("plot"));
+    QVERIFY(plotButton && plotButton->isEnabled());
+    QTest::mouseClick(plotButton, Qt::LeftButton);
+    QWidget* plot = findWindow(WindowId::Plot);
+    QVERIFY(plot && plot->isVisible());
+    const QRect area = plot->screen()->availableGeometry();
+    QVERIFY2(area.contains(plot->frameGeometry()), qPrintable(windowLayoutProblems(plot).join(QLatin1Char('\n'))));
+    QVERIFY(area.contains(table->frameGeometry()));
+    // Too wide a pair for side by side: the plot keeps to the right, over the table.
+    QCOMPARE(plot->frameGeometry().right(), area.right());
   }
 
   void messageBoxFitsInEveryLanguage() {

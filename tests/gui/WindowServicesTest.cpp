@@ -67,6 +67,27 @@ class WindowServicesTest : public QObject {
     QVERIFY(qAbs(pairCentre - area.center().x()) <= 2);
   }
 
+  void aPairTooWideForTheScreenStaysOnItWithTheSecondOnTop() {
+    QWidget a, b;
+    a.resize(1190, 700);  // the function table and the plot
+    b.resize(820, 600);
+    a.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&a));
+    ArrangeSideBySide(&a, &b, 0);
+    const QRect area = a.screen()->availableGeometry();
+    QVERIFY(area.contains(a.frameGeometry()));
+    QVERIFY(area.contains(b.frameGeometry()));
+    QCOMPARE(b.frameGeometry().right(), area.right());
+    QTRY_VERIFY(b.isActiveWindow());
+    // One window larger than the screen is made to fit it.
+    QWidget big;
+    big.resize(1600, 900);
+    big.move(-50, 300);
+    big.show();
+    KeepOnScreen(&big);
+    QVERIFY(area.contains(big.frameGeometry()));
+  }
+
   void stackedPutsTheSecondAboveAndRestoresTheMain() {
     QWidget a, b;
     a.resize(300, 200);
