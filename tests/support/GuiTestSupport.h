@@ -39,6 +39,8 @@ QStringList windowLayoutProblems(QWidget* window);
 QStringList windowLayoutProblemsOnEveryPage(QWidget* window);
 // Opens the window through the registry in the given language, waits until
 // it is on the screen, checks every page, then closes it and forgets it.
+// (The control centre takes its language from the settings file beside the
+// program: write one with that language first, as WindowGeometryTest does.)
 QStringList checkWindowInLanguage(WindowId id, int language);
 // Sets the program's language (0 to 3) as the control centre does.
 void setProgramLanguage(int language);
