@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "shell/ControlCentreWindow.h"
 #include "shell/WindowRegistry.h"
 
 namespace {
@@ -22,8 +23,19 @@ void shoot(QWidget* w, const QString& path) {
   (shot.isNull() ? w->grab() : shot).save(path);
 }
 
+// The tour's language (es, en, fr, ca), as if chosen in the preferences.
+void useLanguage(const QString& code) {
+  const qsizetype index = QStringList{QStringLiteral("es"), QStringLiteral("en"), QStringLiteral("fr"),
+                                      QStringLiteral("ca")}.indexOf(code);
+  auto* centre = qobject_cast<ControlCentreWindow*>(findWindow(WindowId::ControlCentre));
+  if (index < 0 || !centre) return;
+  centre->model().setLanguage(static_cast<int>(index) + 1);
+  centre->refresh();
+}
+
 void runTour(const QString& folder) {
   QDir().mkpath(folder);
+  useLanguage(qEnvironmentVariable("CALVIX_SCREENSHOT_LANG"));
   for (WindowId id : allWindowIds()) {
     if (!hasWindowFactory(id)) continue;
     QWidget* w = OpenWindow(id);
@@ -36,6 +48,10 @@ void runTour(const QString& folder) {
       QMetaObject::invokeMethod(w, "showScreenshotState", Q_ARG(QString, state));
       settle(300);
       shoot(w, QDir(folder).filePath(windowName(id) + u'-' + state + QStringLiteral(".png")));
+      if (w->property("screenshotScreenStates").toStringList().contains(state) && w->screen()) {
+        w->screen()->grabWindow(0).save(
+            QDir(folder).filePath(QStringLiteral("screen-") + windowName(id) + u'-' + state + QStringLiteral(".png")));
+      }
     }
   }
   // The whole screen too, to see how the windows sit on 1280x800.

@@ -17,6 +17,7 @@
 #include "shell/PreferencesWindow.h"
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
+#include "shell/QtTranslations.h"
 #include "shell/WindowRegistry.h"
 
 int main(int argc, char** argv) {
@@ -25,6 +26,7 @@ int main(int argc, char** argv) {
   // The process starts with every setting at zero or empty; the control
   // centre's load reads them from the settings file.
   clearSettings(program());
+  QtTranslations qtTexts;  // Qt's own dialogs in the program's language
   LinuxPlatform linuxPlatform;
   setPlatform(&linuxPlatform);
   MBoxPresenter messageBox;

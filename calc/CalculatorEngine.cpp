@@ -1,6 +1,7 @@
 #include "calc/CalculatorEngine.h"
 
 #include <cmath>
+#include <QRegularExpression>
 #include <exception>
 
 #include "calc/CalculatorKeyMap.h"
@@ -461,6 +462,24 @@ bool CalculatorEngine::keyDown(int key, Qt::KeyboardModifiers modifiers) {
     case KeyAction::Kind::Click: return click(a.control, a.index);
     default: return false;
   }
+}
+
+bool CalculatorEngine::pasteNumber(const QString& text) {
+  static const QRegularExpression number(
+      QStringLiteral("^\\s*([+-]?)(\\d*)(?:([.,])(\\d*))?(?:[eE]([+-]?)(\\d+))?\\s*$"));
+  const QRegularExpressionMatch m = number.match(text);
+  if (!m.hasMatch() || (m.captured(2).isEmpty() && m.captured(4).isEmpty())) return false;
+  QString keys = m.captured(2);
+  if (m.hasCaptured(3)) keys += QLatin1Char('.') + m.captured(4);
+  if (m.hasCaptured(6)) {
+    keys += QLatin1Char('E');
+    if (m.captured(5) == QLatin1String("-")) keys += QLatin1Char('<');
+    keys += m.captured(6);
+  }
+  // The sign last: the sign key writes the whole entry back as a number.
+  if (m.captured(1) == QLatin1String("-")) keys += QLatin1Char('<');
+  for (QChar c : std::as_const(keys)) typeCharacter(c);
+  return true;
 }
 
 bool CalculatorEngine::typeCharacter(QChar c) {

@@ -257,6 +257,10 @@ class CalculatorEngine {
   bool keyDown(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   // A key stroke as the keyboard delivers it: the held key, then the character.
   bool typeCharacter(QChar c);
+  // A pasted text typed through the key map as the keys that write it (digits,
+  // separator, E, "<" for a minus). False, and nothing typed, when the text is
+  // not a plain number.
+  bool pasteNumber(const QString& text);
 
   // The status panel of the history: count, a blank and its label.
   QString historyStatus() const;

@@ -1,5 +1,7 @@
 #include "calc/CalculatorWindow.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QMenu>
@@ -279,7 +281,9 @@ QWidget* CalculatorWindow::buildKeyGrid(KeypadPanel panel, QWidget* parent) {
     if (k.panel != panel) continue;
     auto* b = new QPushButton(keyCaption(k), pad);
     b->setObjectName(keyObjectName(k));
-    b->setMinimumSize(panel == KeypadPanel::Main ? 48 : 44, panel == KeypadPanel::Main ? 34 : 28);
+    // Seven statistics keys share a row of the side panel.
+    const int minWidth = panel == KeypadPanel::Main ? 48 : panel == KeypadPanel::Statistics ? 38 : 44;
+    b->setMinimumSize(minWidth, panel == KeypadPanel::Main ? 34 : 28);
     // The conversion groups keep their height when a row of keys hides.
     const bool conversion = panel != KeypadPanel::Main && panel != KeypadPanel::Functions &&
                             panel != KeypadPanel::Constants;
@@ -343,6 +347,11 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_ = new QTabWidget(this);
   panels_->setObjectName(QStringLiteral("panels"));
   panels_->setFocusPolicy(Qt::NoFocus);
+  // The tabs run down the side: there every caption shows whole in each
+  // language, and the pages keep the width the statistics keys need.
+  panels_->setTabPosition(QTabWidget::West);
+  panels_->setUsesScrollButtons(false);
+  panels_->setElideMode(Qt::ElideNone);
   historyPage_ = buildHistoryPage();
   panels_->addTab(historyPage_, Res(4719));
   conversionsPage_ = buildConversions();
@@ -357,7 +366,7 @@ QWidget* CalculatorWindow::buildPanels() {
   Frame2->layout()->setContentsMargins(6, 6, 6, 6);
   panels_->addTab(Frame2, Res(4776));
   panels_->setTabVisible(panels_->indexOf(Frame2), false);
-  panels_->setMinimumWidth(290);
+  panels_->setMinimumWidth(330);
   // A tab picked by hand opens or closes the history panel as Command62 does.
   connect(panels_, &QTabWidget::currentChanged, this, [this] {
     historyShown_ = engine_.historyPanelVisible = panels_->currentWidget() == historyPage_;
@@ -663,7 +672,6 @@ void CalculatorWindow::chameleonButton1_Click(Qt::MouseButton button) {
   }
   QWidget* display = OpenWindow(WindowId::ExtendedDisplay);
   if (!display) return;
-  display->setWindowTitle(QStringLiteral("1"));
   // Stacked above the calculator, the pair fits a 1280x800 screen.
   ArrangeSideBySide(this, display, 1);
   ExtendedDisplayRefresh(this, kExtendedDisplayMargin);
@@ -748,6 +756,16 @@ void CalculatorWindow::closeEvent(QCloseEvent* event) {
 // first, then the character it types.
 bool CalculatorWindow::takeKey(QKeyEvent* event) {
   const auto mods = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
+  // The desktop's copy and paste keys; Ctrl+V keeps the calculator's meaning.
+  if ((mods == Qt::ControlModifier && (event->key() == Qt::Key_C || event->key() == Qt::Key_Insert))) {
+    QGuiApplication::clipboard()->setText(engine_.numero.text());
+    return true;
+  }
+  if (mods == Qt::ShiftModifier && event->key() == Qt::Key_Insert) {
+    if (engine_.pasteNumber(QGuiApplication::clipboard()->text())) afterEvent();
+    else QApplication::beep();
+    return true;
+  }
   const bool held = engine_.keyDown(heldKeyOf(event), mods);
   const QChar typed = typedOf(event);
   const bool typedTaken = !typed.isNull() && !mods.testFlag(Qt::ControlModifier) && engine_.keyPress(typed);
@@ -756,6 +774,8 @@ bool CalculatorWindow::takeKey(QKeyEvent* event) {
 }
 
 bool CalculatorWindow::eventFilter(QObject* watched, QEvent* event) {
+  // An open menu keeps its own keys: Escape closes it, arrows and Enter pick.
+  if (event->type() == QEvent::KeyPress && qobject_cast<QMenu*>(watched)) return QMainWindow::eventFilter(watched, event);
   if (event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event))) return true;
   if (event->type() == QEvent::MouseButtonDblClick) {
     if (const qsizetype i = m1.indexOf(qobject_cast<QLineEdit*>(watched)); i >= 0) {

@@ -25,14 +25,16 @@ const QString kGra = QStringLiteral("gra");
 
 double pi() { return rt::Atn(1) * 4; }
 
-// The 32 bits of a value, lowest last; negative values in two's complement.
+// The binary digits of a 32-bit value: the lowest bit goes in front, then the
+// value is halved with the runtime's integer division, which truncates, so a
+// negative value gives the digits of its magnitude (-5 is "101"), as the
+// evaluator's BIN does.
 QString binaryText(std::int32_t v) {
   if (v == 0) return QStringLiteral("0000");
-  auto bits = static_cast<std::uint32_t>(v);
   QString text;
-  while (bits != 0) {
-    text.prepend((bits & 1U) != 0 ? QLatin1Char('1') : QLatin1Char('0'));
-    bits >>= 1;
+  while (v != 0) {
+    text.prepend((v & 1) != 0 ? QLatin1Char('1') : QLatin1Char('0'));
+    v = rt::IntDiv(v, 2);
   }
   return text;
 }

@@ -1,5 +1,7 @@
 #include "cli/CliCommand.h"
 
+#include <algorithm>
+
 namespace {
 QList<CliCommandInfo>& registry() {
   static QList<CliCommandInfo> commands;
@@ -49,3 +51,14 @@ QStringList CliContext::takeOptions(const QString& name) {
 }
 
 bool CliContext::takeFlag(const QString& name) { return args.removeAll(name) > 0; }
+
+int CliContext::refuseOptions() {
+  const qsizetype options = args.size() - std::min(literalCount, args.size());
+  for (qsizetype i = 0; i < options; ++i) {
+    const QString& a = args.at(i);
+    if (a.startsWith(QLatin1String("--")) && a.size() > 2) {
+      return usage(QStringLiteral("unknown option or option without its value: ") + a);
+    }
+  }
+  return 0;
+}

@@ -8,7 +8,8 @@
 // A subcommand writes its plain-text output to ctx.out, or fills ctx.json
 // when ctx.jsonOutput is set; main() adds the "messages" list to the JSON
 // object and prints it. Failures: print the message with ctx.fail(...) and
-// return 1; bad usage: ctx.usage(...) and return 2.
+// return 1; bad usage: ctx.usage(...) and return 2. Every command refuses an
+// option it does not know (ctx.refuseOptions() once its options are taken).
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
@@ -33,6 +34,11 @@ struct CliContext {
   // Every occurrence of "--name VALUE", in order.
   QStringList takeOptions(const QString& name);
   bool takeFlag(const QString& name);
+  // After a command has taken its options: a word left that starts with
+  // "--" (and came before a "--" separator) is an option the command does
+  // not know, refused with a usage message. 0 when none is left, else 2.
+  int refuseOptions();
+  qsizetype literalCount = 0;  // trailing args that came after "--"
 };
 
 using CliHandler = std::function<int(CliContext&)>;

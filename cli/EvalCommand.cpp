@@ -3,7 +3,8 @@
 //
 //   calvix-cli eval [--x VALUE] [--vars "A=2:B=3"] [--angle deg|gra|rad] "<expression>"
 //
-// With --x the constants and x go in as one statement text, "<vars>: x= <Str(x)>",
+// The constants are typed as into the table's constants box (a comma becomes
+// a point, so "A=2,5" is 2.5). With --x the constants and x go in as one statement text, "<vars>: x= <Str(x)>",
 // so x is rounded to the 15 digits of its text as in the table; without it
 // the constants alone. Prints the value as the table stores it (the default
 // text in the system's form, or the text of BIN/BTD). A domain failure shows
@@ -12,6 +13,7 @@
 #include <QJsonObject>
 
 #include "cli/CliCommand.h"
+#include "cli/TableOptions.h"
 #include "funcs/AddInFunctions.h"
 #include "funcs/Evaluator.h"
 #include "shell/runtime/NumberText.h"
@@ -35,8 +37,9 @@ int runEval(CliContext& ctx) {
   QString vars;
   QString angle = QStringLiteral("deg");
   const bool hasX = ctx.takeOption(QStringLiteral("--x"), xText);
-  ctx.takeOption(QStringLiteral("--vars"), vars);
+  if (ctx.takeOption(QStringLiteral("--vars"), vars)) vars = typedConstants(vars);
   ctx.takeOption(QStringLiteral("--angle"), angle);
+  if (const int code = ctx.refuseOptions()) return code;
   if (ctx.args.size() != 1) {
     return ctx.usage(QStringLiteral("eval takes one expression: eval [--x V] [--vars \"A=2:B=3\"] [--angle deg|gra|rad] EXPR"));
   }

@@ -80,6 +80,7 @@ int runKeys(CliContext& ctx) {
   ctx.takeOption(QStringLiteral("--memories"), memories);
   ctx.takeOption(QStringLiteral("--registers"), registers);
   QStringList files = ctx.takeOptions(QStringLiteral("--file"));
+  if (const int code = ctx.refuseOptions()) return code;
   if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("keys takes a key sequence: keys \"12 + 3 =\""));
   const QString sequence = ctx.args.join(QLatin1Char(' '));
   QList<KeyStep> steps;

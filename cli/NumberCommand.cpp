@@ -29,6 +29,7 @@ QString attempt(F f) {
 
 int runNumber(CliContext& ctx) {
   const QStringList formats = ctx.takeOptions(QStringLiteral("--format"));
+  if (const int code = ctx.refuseOptions()) return code;
   if (ctx.args.size() != 1) return ctx.usage(QStringLiteral("number takes one text: number [--format P] TEXT"));
   const QString text = ctx.args.first();
 

@@ -115,10 +115,10 @@ void pairMeasures(Output& o, int type) {
 
 int runStats(CliContext& ctx) {
   QString path, typeName;
-  if (!ctx.takeOption(QStringLiteral("--dat"), path) || path.isEmpty()) {
-    return ctx.usage(QStringLiteral("stats takes --dat FILE"));
-  }
+  const bool hasDat = ctx.takeOption(QStringLiteral("--dat"), path);
   ctx.takeOption(QStringLiteral("--type"), typeName);
+  if (const int code = ctx.refuseOptions()) return code;
+  if (!hasDat || path.isEmpty()) return ctx.usage(QStringLiteral("stats takes --dat FILE"));
   const QStringList types{QStringLiteral("linear"), QStringLiteral("power"), QStringLiteral("exponential")};
   const int type = typeName.isEmpty() ? 0 : static_cast<int>(types.indexOf(typeName));
   if (type < 0) return ctx.usage(QStringLiteral("stats --type takes linear, power or exponential"));

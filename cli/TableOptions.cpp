@@ -17,6 +17,11 @@ QString typed(const QString& text, int (FunctionTable::*keyPress)(int), Function
 
 }  // namespace
 
+QString typedConstants(const QString& vars) {
+  FunctionTable t;
+  return typed(vars, &FunctionTable::txtVariables_KeyPress, t);
+}
+
 int takeTableOptions(CliContext& ctx, TableOptions& o) {
   o.hasF = ctx.takeOption(QStringLiteral("--f"), o.f);
   o.hasG = ctx.takeOption(QStringLiteral("--g"), o.g);
@@ -40,7 +45,7 @@ bool evaluateTable(const TableOptions& o, FunctionTable& t) {
   t.Form_Activate();
   if (o.hasEvl && !t.openFile(o.evl)) return false;
   while (o.hasAngle && t.Label1 != o.angle) t.Command2_Click();
-  if (o.hasVars) t.txtVariables = typed(o.vars, &FunctionTable::txtVariables_KeyPress, t);
+  if (o.hasVars) t.txtVariables = typedConstants(o.vars);
   if (o.hasF) t.txtExpression = o.f;
   if (o.hasG) {
     t.Text2 = o.g;

@@ -23,3 +23,6 @@ int takeTableOptions(CliContext& ctx, TableOptions& options);
 // Loads the table, fills its boxes and evaluates. False when the file of
 // --evl could not be opened.
 bool evaluateTable(const TableOptions& options, FunctionTable& table);
+// The constants text as the table's constants box takes it when typed (a
+// comma becomes a point), for every command that reads constants.
+QString typedConstants(const QString& vars);

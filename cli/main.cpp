@@ -113,13 +113,18 @@ int main(int argc, char** argv) {
   QStringList answers;
   QString command;
   QStringList rest;
+  qsizetype literalCount = 0;
 
   bool positionalOnly = false;  // after "--" every word is an argument
   for (qsizetype i = 0; i < args.size(); ++i) {
     const QString& a = args.at(i);
     if (positionalOnly) {
-      if (command.isEmpty()) command = a;
-      else rest << a;
+      if (command.isEmpty()) {
+        command = a;
+      } else {
+        rest << a;
+        ++literalCount;
+      }
       continue;
     }
     if (a == QLatin1String("--")) {
@@ -202,6 +207,7 @@ int main(int argc, char** argv) {
 
   CliContext ctx(out, err);
   ctx.args = rest;
+  ctx.literalCount = literalCount;
   ctx.answers = answers;
   ctx.jsonOutput = json;
   const int code = found->run(ctx);

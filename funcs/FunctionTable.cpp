@@ -1,6 +1,7 @@
 #include "funcs/FunctionTable.h"
 
 #include <QFileInfo>
+#include <algorithm>
 #include <cmath>
 
 #include "funcs/EvlFile.h"
@@ -243,6 +244,18 @@ void FunctionTable::Option1_Click(int index) {
 int FunctionTable::txtStart_KeyPress(int key) { return FilterKey(key, QStringLiteral("T")); }
 int FunctionTable::txtEnd_KeyPress(int key) { return FilterKey(key, QStringLiteral("T")); }
 int FunctionTable::txtVariables_KeyPress(int key) { return key == ',' ? '.' : key; }
+
+QString FunctionTable::cellsText(int row1, int col1, int row2, int col2) const {
+  QString text;
+  for (int r = std::min(row1, row2); r <= std::max(row1, row2); ++r) {
+    for (int c = std::min(col1, col2); c <= std::max(col1, col2); ++c) {
+      if (c != std::min(col1, col2)) text += QLatin1Char('\t');
+      text += TextMatrix(r, c);
+    }
+    text += QLatin1Char('\n');
+  }
+  return text;
+}
 
 bool FunctionTable::numberOf(const QString& text, double& value) const {
   return !text.trimmed().isEmpty() && rt::tryTextToDouble(text, value) && std::isfinite(value);

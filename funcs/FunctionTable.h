@@ -213,6 +213,9 @@ class FunctionTable {
   // ---- Helpers for readers -------------------------------------------------------------
   // The cell text; the heading is row 0.
   QString TextMatrix(int row, int col) const { return MSFlexGrid1.get(row, col); }
+  // The cells of a block of the grid (corners in any order) as text a
+  // spreadsheet takes: cells joined by tabs, rows ended by line feeds.
+  QString cellsText(int row1, int col1, int row2, int col2) const;
   Evaluator& engine() { return engine_; }
   static const QString kDefaultF;
   static const QString kDefaultG;

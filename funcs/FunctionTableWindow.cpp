@@ -4,6 +4,8 @@
 #include <QActionGroup>
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -101,7 +103,9 @@ FunctionTableWindow::FunctionTableWindow(QWidget* parent) : QMainWindow(parent) 
   shortcut(QKeySequence(Qt::Key_Escape), Qt::Key_Escape, Qt::NoModifier);
 
   setProperty("screenshotStates", QStringList{QStringLiteral("function"), QStringLiteral("expression"),
-                                               QStringLiteral("edit")});
+                                               QStringLiteral("edit"), QStringLiteral("plot")});
+  // The plot beside the table is a picture of the whole screen.
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("plot")});
   resize(1190, 700);
   refresh();
   txtExpression->setFocus();
@@ -297,7 +301,7 @@ void FunctionTableWindow::buildMenus() {
     modes->addAction(a);
   }
   mnuop->addSeparator();
-  item(mnuop, QStringLiteral("mnulistado"), Res(1483), QKeySequence(), [] { ContextHelp(1500); });
+  item(mnuop, QStringLiteral("mnulistado"), Res(1483), QKeySequence(), [] { ContextHelp(kFunctionListTopic); });
 }
 
 void FunctionTableWindow::buildStatusBar() {
@@ -462,6 +466,12 @@ bool FunctionTableWindow::filterBoxKey(QLineEdit* box, QKeyEvent* event) {
 }
 
 bool FunctionTableWindow::gridKey(QKeyEvent* event) {
+  // Copy: the block of cells the selection spans, for a spreadsheet.
+  if (event->matches(QKeySequence::Copy) ||
+      (event->key() == Qt::Key_Insert && event->modifiers() == Qt::ControlModifier)) {
+    copySelectedCells();
+    return true;
+  }
   if (!table_.editMode) return false;
   switch (event->key()) {
     case Qt::Key_Return:
@@ -480,6 +490,22 @@ bool FunctionTableWindow::gridKey(QKeyEvent* event) {
   }
   act([&] { table_.MSFlexGrid1_KeyPress(text.at(0)); });
   return true;
+}
+
+void FunctionTableWindow::copySelectedCells() {
+  const QModelIndexList cells = MSFlexGrid1->selectionModel()->selectedIndexes();
+  QModelIndex current = MSFlexGrid1->currentIndex();
+  if (cells.isEmpty() && !current.isValid()) return;
+  const QModelIndex start = cells.isEmpty() ? current : cells.first();
+  int top = start.row(), bottom = start.row(), left = start.column(), right = start.column();
+  for (const QModelIndex& i : cells) {
+    top = std::min(top, i.row());
+    bottom = std::max(bottom, i.row());
+    left = std::min(left, i.column());
+    right = std::max(right, i.column());
+  }
+  // The view's rows are the grid's data rows: row 0 of the grid holds the headings.
+  QGuiApplication::clipboard()->setText(table_.cellsText(top + 1, left, bottom + 1, right));
 }
 
 bool FunctionTableWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -596,6 +622,9 @@ void FunctionTableWindow::showScreenshotState(const QString& state) {
       table_.txtExpression = QString::fromLatin1(e);
       act([&] { table_.cmdResult_Click(); });
     }
+  } else if (state == QLatin1String("plot")) {
+    showScreenshotState(QStringLiteral("function"));
+    if (!table_.plot) act([&] { table_.plot_Click(); });
   } else if (state == QLatin1String("edit")) {
     act([&] { table_.mnufunc_Click(); });
     act([&] { table_.Form_KeyDown(Qt::Key_F12, Qt::ControlModifier); });

@@ -57,6 +57,7 @@ class FunctionTableWindow : public QMainWindow {
   void finishRun();
   bool filterBoxKey(QLineEdit* box, QKeyEvent* event);
   bool gridKey(QKeyEvent* event);
+  void copySelectedCells();
   void boxLeft(QObject* box);
   void takeText(QObject* box);
   void updatePrintRows();

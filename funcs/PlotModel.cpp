@@ -157,21 +157,17 @@ QString PlotModel::formatAxisNumber(double value) const {
   return rt::NumberToText(rt::Round(value, decimals));
 }
 
-// The axis text of a limit, rounded outwards (direction -1 down, +1 up) by
-// one unit of its last digit when formatting took it inside the data, so
-// that the extreme points stay inside the frame.
-QString PlotModel::limitText(double value, int direction) const {
-  QString text = formatAxisNumber(value);
-  for (int tries = 0; tries < 3; ++tries) {
-    double shown = 0;
-    if (!numberOf(text, shown)) return text;
-    if (direction < 0 ? shown <= value : shown >= value) return text;
-    const double a = std::fabs(value);
-    double step = std::pow(10.0, -decimals);
-    if (a <= 0.0001 || a >= 10000) step = std::pow(10.0, std::floor(std::log10(std::fabs(shown))) - decimals);
-    text = formatAxisNumber(shown + direction * step);
+// The texts of a pair of limits lowered and raised by one. Formatting may
+// bring both back to one text (20000 -1 and +1 both show "2e+04"); then the
+// plain numbers are kept, so the scale never collapses to nothing.
+void PlotModel::spreadLimits(int low, int high, double value) {
+  QString a = formatAxisNumber(value - 1), b = formatAxisNumber(value + 1);
+  if (a == b) {
+    a = rt::NumberToText(value - 1);
+    b = rt::NumberToText(value + 1);
   }
-  return text;
+  Text1[static_cast<size_t>(low)] = a;
+  Text1[static_cast<size_t>(high)] = b;
 }
 
 double PlotModel::limit(int index) const {
@@ -192,9 +188,7 @@ void PlotModel::validateLimits() {
   }
   auto separate = [this](int low, int high) {
     const double a = limit(low);
-    if (a != limit(high)) return;
-    Text1[static_cast<size_t>(low)] = limitText(a - 1, -1);
-    Text1[static_cast<size_t>(high)] = limitText(a + 1, 1);
+    if (a == limit(high)) spreadLimits(low, high, a);
   };
   separate(1, 2);
   separate(3, 4);
@@ -273,13 +267,8 @@ void PlotModel::autoscale(int index) {
     last = v;
     any = true;
   }
-  if (first == last) {
-    Text1[1] = Text1[2] = formatAxisNumber(first);
-  } else {
-    const int towards = first < last ? 1 : -1;
-    Text1[1] = limitText(first, -towards);
-    Text1[2] = limitText(last, towards);
-  }
+  Text1[1] = formatAxisNumber(first);
+  Text1[2] = formatAxisNumber(last);
 
   std::vector<double> y = column(index == 1 ? FunctionTable::kG : fColumn(), n);
   if (index == 2 && program().hasG) {
@@ -287,13 +276,11 @@ void PlotModel::autoscale(int index) {
     y.insert(y.end(), g.begin(), g.end());
   }
   extremes(y, yMin, yMax);
+  // The data's extremes as formatAxisNumber shows them, nothing more: a point
+  // just past a rounded limit lies outside the frame and is left out.
   auto pair = [this](int low, int high, double a, double b) {
-    if (a == b) {
-      Text1[static_cast<size_t>(low)] = Text1[static_cast<size_t>(high)] = formatAxisNumber(a);
-    } else {
-      Text1[static_cast<size_t>(low)] = limitText(a, -1);
-      Text1[static_cast<size_t>(high)] = limitText(b, 1);
-    }
+    Text1[static_cast<size_t>(low)] = formatAxisNumber(a);
+    Text1[static_cast<size_t>(high)] = formatAxisNumber(b);
   };
   pair(3, 4, yMin, yMax);
   if (DerivON) {

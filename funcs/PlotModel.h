@@ -268,7 +268,7 @@ class PlotModel {
   void placeCursorReadout();
   bool checkIntervalBoxes();
   void forceOrigin(int low, int high);
-  QString limitText(double value, int direction) const;
+  void spreadLimits(int low, int high, double value);
 
   // Drawing steps (PlotDrawing.cpp).
   void drawFrame(plot::PlotCanvas& c, std::uint32_t lineColour) const;

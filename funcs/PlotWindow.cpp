@@ -1,6 +1,8 @@
 #include "funcs/PlotWindow.h"
 
 #include <QActionGroup>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFrame>
@@ -12,11 +14,11 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -25,6 +27,7 @@
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotPainterView.h"
 #include "funcs/PlotPictureView.h"
+#include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
@@ -98,6 +101,10 @@ PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent) {
     }
     return taken;
   };
+  // Copy: the picture as it stands, for any program that takes images.
+  for (const QKeySequence& keys : {QKeySequence(QKeySequence::Copy), QKeySequence(Qt::CTRL | Qt::Key_Insert)}) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, &PlotWindow::copyPicture);
+  }
   buildOverlays();
   buildList();
   buildIntegralPanel();
@@ -535,18 +542,24 @@ bool PlotWindow::printTo(QPrinter& printer) { return printPlot(*model_, printer)
 
 void PlotWindow::print() {
   QPrinter printer(QPrinter::HighResolution);
-  QPrintDialog dialog(&printer, this);
-  if (dialog.exec() != QDialog::Accepted) return;
+  if (!execPrintDialog(printer, this, windowTitle())) return;
   printTo(printer);
   model_->Form_Resize(Picture2->width(), Picture2->height());
 }
+
+QImage PlotWindow::picture() {
+  const QImage image = renderPlotImage(*model_, Picture2->width(), Picture2->height(), devicePixelRatioF());
+  model_->Form_Resize(Picture2->width(), Picture2->height());
+  return image;
+}
+
+void PlotWindow::copyPicture() { QGuiApplication::clipboard()->setImage(picture()); }
 
 void PlotWindow::saveImage() {
   const QString path = QFileDialog::getSaveFileName(this, Res(1673), program().AppFolder.toText() + QStringLiteral("datos/"),
                                                     Res(1675) + QStringLiteral(" (*.png)"));
   if (path.isEmpty()) return;
-  renderPlotImage(*model_, Picture2->width(), Picture2->height(), devicePixelRatioF()).save(path, "PNG");
-  model_->Form_Resize(Picture2->width(), Picture2->height());
+  picture().save(path, "PNG");
 }
 
 // ---- Screenshot tour ------------------------------------------------------------------------

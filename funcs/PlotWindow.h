@@ -9,6 +9,7 @@
 // The data are the function table's: the window works on the table of the
 // open function table window, or on a table of its own when there is none.
 #include <QHash>
+#include <QImage>
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
@@ -43,6 +44,8 @@ class PlotWindow : public QMainWindow {
   void refresh();
   // Prints the picture on a printer already chosen (tests give a PDF printer).
   bool printTo(QPrinter& printer);
+  // The picture drawn afresh at the window's size (what Ctrl+C copies).
+  QImage picture();
 
  public Q_SLOTS:
   // The redraw entry: the table calls it after a new evaluation.
@@ -72,6 +75,7 @@ class PlotWindow : public QMainWindow {
   void tickMenus();
   void print();
   void saveImage();
+  void copyPicture();
 
   std::unique_ptr<FunctionTable> ownTable_;
   QPointer<FunctionTableWindow> tableWindow_;

@@ -104,17 +104,7 @@ void ControlCentre::loadBeforeShow() {
     // A damaged file shows its own message; the command row then offers "restore".
     if (!host_.readSettings()) commandRowVisible = true;
   });
-  runStep(5, [&] {
-    switch (p.Language) {
-      case 1: p.LanguageOffset = 0; break;
-      case 2: p.LanguageOffset = 10000; break;
-      case 3: p.LanguageOffset = 20000; break;
-      case 4: p.LanguageOffset = 30000; break;
-      default: break;
-    }
-    p.MainMenuTitle = Res(27);
-    loadTexts();
-  });
+  runStep(5, [&] { setLanguage(p.Language); });
   runStep(6, [&] {
     // The system folders of this platform. They are kept as the system spells
     // them: unlike the names of some other systems, these are case-sensitive.
@@ -164,6 +154,17 @@ void ControlCentre::loadAfterShow() {
 void ControlCentre::Form_Load() {
   loadBeforeShow();
   loadAfterShow();
+}
+
+void ControlCentre::setLanguage(int language) {
+  ProgramState& p = program();
+  // An unknown value keeps the offset there is.
+  if (language >= 1 && language <= 4) {
+    p.Language = static_cast<std::int16_t>(language);
+    p.LanguageOffset = (language - 1) * 10000;
+  }
+  p.MainMenuTitle = Res(27);
+  loadTexts();
 }
 
 void ControlCentre::loadTexts() {

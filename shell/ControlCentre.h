@@ -76,6 +76,10 @@ class ControlCentre {
   // Shift+F10 and Shift+F12; true when the key was taken.
   bool Form_KeyDown(int key, Qt::KeyboardModifiers modifiers);
 
+  // A new language, 1 to 4 (Spanish, English, French, Catalan): the string
+  // offset follows it and the centre's texts are loaded again.
+  void setLanguage(int language);
+
   // ---- Controls --------------------------------------------------------------
   void Command1_Click();   // calculator, through OpenCalculator
   void Command13_Click();  // function table

@@ -65,9 +65,15 @@ class ControlCentreWindow::Host : public ControlCentreHost {
     if (on) QApplication::setOverrideCursor(Qt::WaitCursor);
     else QApplication::restoreOverrideCursor();
   }
+  // The module windows close (each saves what it saves); then every window
+  // still on the screen, this one included, is hidden, so that nothing
+  // lingers while the farewell sound plays.
   void unloadAllWindows() override {
     for (QWidget* w : openWindows()) {
       if (w != window_) w->close();
+    }
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+      if (w->isVisible()) w->hide();
     }
   }
   void endProcess() override { QCoreApplication::quit(); }

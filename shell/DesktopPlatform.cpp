@@ -108,10 +108,7 @@ bool LinuxPlatform::powerAction(const QString& action) {
   return false;
 }
 
-QString LinuxPlatform::userName() {
-  if (const passwd* pw = getpwuid(getuid()); pw && pw->pw_name) return QString::fromLocal8Bit(pw->pw_name);
-  return qEnvironmentVariable("USER");
-}
+QString LinuxPlatform::userName() { return accountUserName(); }
 
 QString LinuxPlatform::computerName() { return QSysInfo::machineHostName(); }
 

@@ -176,6 +176,7 @@ MBox::MBox(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHi
 
   mboxlist = new QComboBox(this);
   mboxlist->setObjectName(QStringLiteral("mboxlist"));
+  mboxlist->installEventFilter(this);
   inputtxt = new QLineEdit(this);
   inputtxt->setObjectName(QStringLiteral("inputtxt"));
   inputtxt->installEventFilter(this);
@@ -360,7 +361,9 @@ void MBox::activate() {
   if (input) {
     inputtxt->selectAll();
     inputtxt->setFocus(Qt::ActiveWindowFocusReason);
-  } else if (!DTPicker1->isVisible() && !mboxlist->isVisible()) {
+  } else if (mboxlist->isVisible()) {
+    mboxlist->setFocus(Qt::ActiveWindowFocusReason);
+  } else if (!DTPicker1->isVisible()) {
     But1[static_cast<size_t>(defaultButton_)]->setFocus(Qt::ActiveWindowFocusReason);
   }
   const int seconds = autoCloseSeconds(Label3->text(), input, p.AutoCloseMessages);
@@ -376,6 +379,14 @@ bool MBox::eventFilter(QObject* watched, QEvent* event) {
   if (watched == Label3 && event->type() == QEvent::MouseButtonPress) {
     if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) DragWindow(this);
     return true;
+  }
+  // Enter on the list answers with the item chosen, as the first button does.
+  if (watched == mboxlist && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && mboxlist->currentIndex() >= 0) {
+      Label1_Click(0);
+      return true;
+    }
   }
   if (watched == inputtxt && event->type() == QEvent::KeyPress) {
     auto* key = static_cast<QKeyEvent*>(event);

@@ -1,5 +1,16 @@
 #include "shell/Platform.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
+QString accountUserName() {
+  QString name = qEnvironmentVariable("USER");
+  if (name.isEmpty()) {
+    if (const passwd* pw = getpwuid(getuid()); pw && pw->pw_name) name = QString::fromLocal8Bit(pw->pw_name);
+  }
+  return name;
+}
+
 namespace {
 // Until the desktop program installs the real one, the platform does
 // nothing and reports failure, so logic run from calvix-cli or from a test can
@@ -10,7 +21,7 @@ class QuietPlatform : public Platform {
   bool openUrl(const QString&) override { return false; }
   bool openFile(const QString&) override { return false; }
   bool powerAction(const QString&) override { return false; }
-  QString userName() override { return qEnvironmentVariable("USER"); }
+  QString userName() override { return accountUserName(); }
   QString computerName() override { return {}; }
   QString systemName() override { return {}; }
   std::uint64_t uptimeMilliseconds() override { return 0; }

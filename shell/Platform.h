@@ -35,6 +35,10 @@ class Platform {
   virtual void endProgram() {}
 };
 
+// The user's login name: $USER, or, where no session set it (a service, a
+// container), the account database's entry for the process's user.
+QString accountUserName();
+
 // The installed platform; the Linux one unless a test installed another.
 Platform& platform();
 void setPlatform(Platform* p);  // nullptr: back to the default

@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QTimer>
 
 namespace {
 
@@ -110,6 +112,19 @@ bool renderDocument(QPrinter& printer, const PrintDocument& document) {
   return painter.end();
 }
 
+bool execPrintDialog(QPrinter& printer, QWidget* parent, const QString& title, bool pageRange) {
+  printer.setDocName(title);
+  QPrintDialog dialog(&printer, parent);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, pageRange);
+  // The dialog fills its file box when it shows (with a name in the home
+  // folder); the program's own proposal goes in once it is up.
+  const QString file = printFileName(title);
+  QTimer::singleShot(0, &dialog, [&dialog, file] {
+    if (auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("filename"))) box->setText(file);
+  });
+  return dialog.exec() == QDialog::Accepted;
+}
+
 void PrinterPresenter::setPdfOutput(const QString& path, int fromPage, int toPage) {
   pdf_ = path;
   fromPage_ = fromPage;
@@ -123,11 +138,8 @@ PrintResult PrinterPresenter::print(const PrintDocument& document) {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(pdf_);
     if (fromPage_ > 0 || toPage_ > 0) printer.setFromTo(fromPage_, toPage_);
-  } else {
-    // The printer, copies and page range; cancelling stops silently.
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange, true);
-    if (dialog.exec() != QDialog::Accepted) return PrintResult::Cancelled;
+  } else if (!execPrintDialog(printer, QApplication::activeWindow(), printer.docName(), true)) {
+    return PrintResult::Cancelled;  // cancelling stops silently
   }
   BusyPointer busy;
   return renderDocument(printer, document) ? PrintResult::Printed : PrintResult::Failed;

@@ -15,6 +15,11 @@ class QWidget;
 // printer cannot be drawn on.
 bool renderDocument(QPrinter& printer, const PrintDocument& document);
 
+// Asks for the printer with Qt's print dialog (copies, and the page range when
+// pageRange). The document's title names the printer's job, and a print to
+// file proposes printFileName(title). True when the user accepted.
+bool execPrintDialog(QPrinter& printer, QWidget* parent, const QString& title, bool pageRange = false);
+
 class PrinterPresenter : public PrintPresenter {
  public:
   // With a PDF path the dialog is not shown and the document goes to that

@@ -79,6 +79,20 @@ PrintDocument messageDocument(const QString& text, const QString& title) {
 void setPrintPresenter(PrintPresenter* presenter) { g_printer = presenter; }
 PrintPresenter* printPresenter() { return g_printer; }
 
+QString printFileName(const QString& title) {
+  QString name;
+  for (const QChar c : title) {
+    const bool refused = c.unicode() < 32 || QStringLiteral("/\\:*?\"<>|").contains(c);
+    name += refused ? QLatin1Char('_') : c;
+  }
+  name = name.simplified();
+  while (name.endsWith(QLatin1Char('.')) || name.startsWith(QLatin1Char('.'))) {
+    name = (name.endsWith(QLatin1Char('.')) ? name.chopped(1) : name.mid(1)).trimmed();
+  }
+  if (name.isEmpty()) name = QStringLiteral("Calvix");
+  return program().AppFolder.toText() + QStringLiteral("datos/") + name + QStringLiteral(".pdf");
+}
+
 bool printDocument(const PrintDocument& document) {
   const PrintResult result = g_printer ? g_printer->print(document) : PrintResult::Failed;
   if (result == PrintResult::Failed) ReportError(910, 1, 3, 0);

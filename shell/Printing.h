@@ -76,6 +76,11 @@ class PrintPresenter {
 void setPrintPresenter(PrintPresenter* presenter);  // not owned; nullptr: printing fails
 PrintPresenter* printPresenter();
 
+// The file a print to file proposes: the document's title made safe for a
+// file name (no folder separators, no characters other systems refuse, no
+// leading or trailing blanks or dots), ".pdf", in datos/ under AppFolder.
+QString printFileName(const QString& title);
+
 // Prints a document; a printer that fails reports code 910. True when printed.
 bool printDocument(const PrintDocument& document);
 // Prints the text and title of the last message (MessageText, MessageTitle).

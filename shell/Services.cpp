@@ -46,6 +46,7 @@ bool helpInstead(int topic) {
 }
 
 QString helpPageOfTopic(int topic) {
+  if (topic == kFunctionListTopic) return QStringLiteral("funclist");
   static const char* const pages[] = {"shell",    "calc",    "funcs",  "stats",    "convert", "bank",
                                       "elements", "lottery", "chrono", "calendar", "geometry"};
   const int block = topic / 10000 - 1;

@@ -40,6 +40,8 @@ bool helpInstead(int topic);
 // The help page of a topic ("shell", "calc", ...), by its block of 10000;
 // "index" for a topic of no block.
 QString helpPageOfTopic(int topic);
+// The function table's list of functions (its own page, "funclist").
+inline constexpr int kFunctionListTopic = 1500;
 
 // ---- Text and number services ----------------------------------------------
 // Filters one typed key (a character code) by filter name: "T", "T+", "D",

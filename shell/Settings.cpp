@@ -381,7 +381,11 @@ bool seedFolder(const QString& from, const QString& to) {
 QString programDataFolder(const QString& programFolder) {
   // Writable when a file can be made there.
   QTemporaryFile probe(QDir(programFolder).filePath(QStringLiteral("cvprobe-XXXXXX")));
-  if (probe.open()) return programFolder;
+  if (probe.open()) {
+    // The start folder of every file dialog.
+    QDir().mkpath(QDir(programFolder).filePath(QStringLiteral("datos")));
+    return programFolder;
+  }
   const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
   if (user.isEmpty() || !QDir().mkpath(user)) return programFolder;
   seedFolder(programFolder, user);

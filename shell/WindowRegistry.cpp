@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QPointer>
 
+#include "shell/WindowServices.h"
+
 namespace {
 struct Registry {
   QHash<int, WindowFactory> factories;
@@ -61,6 +63,7 @@ QWidget* OpenWindow(WindowId id) {
   }
   if (w->isMinimized()) w->setWindowState(w->windowState() & ~Qt::WindowMinimized);
   w->show();
+  KeepOnScreen(w);
   w->raise();
   w->activateWindow();
   return w;

@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
 
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/ProgramState.h"
@@ -21,7 +22,6 @@ void OpenCalculator() {
   QWidget* calc = OpenWindow(normal ? WindowId::NormalCalculator : WindowId::ScientificCalculator);
   if (calc && program().ExtendedDisplay) {
     if (QWidget* display = OpenWindow(WindowId::ExtendedDisplay)) {
-      display->setWindowTitle(QStringLiteral("1"));
       ExtendedDisplayRefresh(calc, kExtendedDisplayMargin);  // sized to the calculator first
       // Side by side where the pair fits the screen; stacked otherwise, so
       // that neither window runs off a 1280-wide screen.
@@ -31,6 +31,23 @@ void OpenCalculator() {
       ArrangeSideBySide(calc, display, fits ? 0 : 1);
     }
   }
+}
+
+void KeepOnScreen(QWidget* window) {
+  if (!window || !window->isWindow() || window->isMaximized() || window->isFullScreen()) return;
+  QScreen* screen = window->screen() ? window->screen() : QGuiApplication::primaryScreen();
+  if (!screen) return;
+  const QRect area = screen->availableGeometry();
+  QRect frame = window->frameGeometry();
+  const QSize border = frame.size() - window->size();
+  if (frame.width() > area.width() || frame.height() > area.height()) {
+    window->resize(std::min(window->width(), area.width() - border.width()),
+                   std::min(window->height(), area.height() - border.height()));
+    frame = window->frameGeometry();
+  }
+  const int x = std::clamp(frame.left(), area.left(), std::max(area.left(), area.right() + 1 - frame.width()));
+  const int y = std::clamp(frame.top(), area.top(), std::max(area.top(), area.bottom() + 1 - frame.height()));
+  if (x != frame.left() || y != frame.top()) window->move(x, y);
 }
 
 void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode) {
@@ -53,8 +70,13 @@ void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode) {
     second->move(left, top);
     mainWindow->move(left, top + b.height());
   }
-  mainWindow->raise();
-  mainWindow->activateWindow();
+  KeepOnScreen(mainWindow);
+  KeepOnScreen(second);
+  // A pair too large for the screen overlaps: the window just asked for stays
+  // on top, or it would open hidden behind the main one.
+  QWidget* front = mainWindow->frameGeometry().intersects(second->frameGeometry()) ? second : mainWindow;
+  front->raise();
+  front->activateWindow();
 }
 
 namespace {

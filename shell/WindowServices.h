@@ -6,12 +6,18 @@ class QWidget;
 
 // Opens the scientific or the normal calculator, as CalculatorMode says
 // ("normalita" the normal one), restoring it when minimised; with
-// ExtendedDisplay on, places the large display (caption "1") beside it and
+// ExtendedDisplay on, places the large display beside it and
 // copies the calculator's display into it.
 void OpenCalculator();
 // Mode 0: the pair centred side by side, second to the right; mode 1: stacked,
-// second above. Then shows the second and raises the main window.
+// second above. Then shows the second and raises the main window. Where the
+// pair does not fit the screen, each window is still kept wholly on it and
+// the second, overlapping the main one, is raised instead.
 void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode);
+// Moves a top-level window, frame included, inside the available geometry of
+// its screen (shrinking it first when it is larger than that), so no part of it
+// opens off the screen. OpenWindow and ArrangeSideBySide call it.
+void KeepOnScreen(QWidget* window);
 // Starts moving the window with the mouse, as if dragged by its title. Call it
 // from a mouse press; the window follows until the button is released.
 void DragWindow(QWidget* window);

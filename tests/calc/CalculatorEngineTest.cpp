@@ -277,6 +277,32 @@ TEST_F(CalculatorEngineTest, HeldKeysReachTheirTargets) {
   EXPECT_EQ(e.numero.text(), QStringLiteral("3.14159265358979"));
 }
 
+TEST_F(CalculatorEngineTest, PastedNumbersAreTypedThroughTheKeyMapAndOtherTextIsRefused) {
+  const struct {
+    const char* text;
+    const char* point;  // numero on a "." system; nullptr: refused
+    const char* comma;  // numero on a "," system
+  } rows[] = {
+      {"12.5", "12.5", "12,5"},     {" 42 ", "42", "42"},        {"2,75", "2.75", "2,75"},
+      {"-3", "-3", "-3"},           {"1.5E-3", "1.5E-3", "1,5E-3"}, {"-2e2", "-200", "-200"},
+      {".5", "0.5", "0,5"},         {"abc", nullptr, nullptr},   {"1.2.3", nullptr, nullptr},
+      {"", nullptr, nullptr},       {"-", nullptr, nullptr},     {"1 000", nullptr, nullptr},
+      {"3+4", nullptr, nullptr},
+  };
+  for (const bool comma : {false, true}) {
+    if (comma) useComma();
+    for (const auto& row : rows) {
+      CalculatorEngine e;
+      keys(e, "7 +");
+      const bool taken = e.pasteNumber(QString::fromUtf8(row.text));
+      EXPECT_EQ(taken, row.point != nullptr) << row.text;
+      const char* expected = row.point ? (comma ? row.comma : row.point) : "0";  // refused: the entry as it was
+      EXPECT_EQ(e.numero.text(), QString::fromUtf8(expected)) << row.text << (comma ? " comma" : " point");
+      EXPECT_EQ(e.pendingOp, QStringLiteral("+")) << row.text;
+    }
+  }
+}
+
 TEST_F(CalculatorEngineTest, TypedLettersWorkInBothCases) {
   CalculatorEngine e;
   keys(e, "12 + 3");

@@ -91,13 +91,15 @@ const Row kRows[] = {
     {"ReductionInGrads", "Command50 900 Command67", nullptr, "90° (deg)"},
     {"ReductionOfNegativeIsCode39", "725< Command67", "0", "<E39>"},
     {"ReductionBeyond32BitsIsUnexpected", "3E9 Command67", "0", "<E31>"},
-    // Number bases: the runtime's Hex and Oct, 32-bit binary.
+    // Number bases: the runtime's Hex and Oct; binary by halving with integer division.
     {"ToHexadecimal", "255 H", "255", "FF  (Hexadecimal)"},
     {"ToBinary", "5 B", "5", "101  (Binario)"},
     {"ZeroToBinary", "0 B", "0", "0000  (Binario)"},
     {"HexRoundsHalfToEven", "12.5 H", nullptr, "C  (Hexadecimal)"},
     {"MinusOneToHexIsSixteenBit", "1< H", nullptr, "FFFF  (Hexadecimal)"},
-    {"MinusOneToBinaryIs32Bit", "1< B", nullptr, "11111111111111111111111111111111  (Binario)"},
+    {"MinusOneToBinary", "1< B", nullptr, "1  (Binario)"},
+    {"NegativeToBinaryGivesTheMagnitudesDigits", "5< B", nullptr, "101  (Binario)"},
+    {"SmallestLongToBinary", "2147483648< B", nullptr, "10000000000000000000000000000000  (Binario)"},
     {"LargeNegativeToHex", "40000< H", nullptr, "FFFF63C0  (Hexadecimal)"},
     {"LargeNegativeToOctal", "40000< O", nullptr, "37777661700  (Octal)"},
     {"Largest32BitToBinary", "2147483647 B", nullptr, "1111111111111111111111111111111  (Binario)"},

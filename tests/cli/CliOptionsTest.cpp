@@ -33,3 +33,16 @@ TEST(CliOptions, BadUsageExitsTwoWithAMessage) {
     EXPECT_FALSE(r.err.isEmpty()) << args.join(QLatin1Char(' ')).toStdString();
   }
 }
+
+TEST(CliOptions, EverySubcommandRefusesAnOptionItDoesNotKnow) {
+  const QStringList commands = {"eval", "keys", "number", "plot", "settings", "stats", "table"};
+  for (const QString& command : commands) {
+    const CliRun r = runCli({command, QStringLiteral("--normal"), QStringLiteral("5")});
+    EXPECT_EQ(r.exitCode, 2) << command.toStdString();
+    EXPECT_TRUE(r.err.contains(QLatin1String("--normal"))) << command.toStdString() << r.err.toStdString();
+    EXPECT_TRUE(r.out.isEmpty()) << command.toStdString();
+  }
+  // After "--" a word that looks like an option is an argument.
+  const CliRun r = runCli({QStringLiteral("number"), QStringLiteral("--"), QStringLiteral("--5")});
+  EXPECT_EQ(r.exitCode, 0) << r.err.toStdString();
+}

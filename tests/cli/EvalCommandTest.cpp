@@ -31,6 +31,13 @@ TEST(EvalCommand, PrintsTheValueWithXAndConstantsFedAsTheTableDoes) {
   r = runCli({QStringLiteral("--decimal"), QStringLiteral(","), QStringLiteral("eval"), QStringLiteral("--x"),
               QStringLiteral("1,5"), QStringLiteral("x/4")});
   EXPECT_EQ(r.out, QStringLiteral("0,375\n"));  // the locale's form on the table's side only
+  // The constants box's rule: a typed comma is a point, whatever the locale.
+  for (const char* decimal : {".", ","}) {
+    r = runCli({QStringLiteral("--decimal"), QLatin1String(decimal), QStringLiteral("eval"), QStringLiteral("--vars"),
+                QStringLiteral("A=2,5"), QStringLiteral("A*2")});
+    EXPECT_EQ(r.exitCode, 0) << r.err.toStdString();
+    EXPECT_EQ(r.out, QStringLiteral("5\n")) << decimal;
+  }
 }
 
 TEST(EvalCommand, AngleModeReachesOnlyTheLibraryFunctions) {

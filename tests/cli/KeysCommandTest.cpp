@@ -49,6 +49,7 @@ TEST_F(KeysCommand, TokensReachTheEngineWithBothDecimalSymbols) {
       {"2 Command61 1 / 3 =", "numero", "0.33", "0,33"},
       {"Command22 Command30(5) Command30(5) + 1 =", "numero", "256", "256"},
       {"1E<5", "numero", "1E-5", "1E-5"},
+      {"5 < Command9(3)", "result", "101  (Binario)", "101  (Binario)"},
   };
   for (const auto& row : rows) {
     for (const bool comma : {false, true}) {

@@ -110,10 +110,23 @@ TEST_F(PlotModelTest, AutoscaleFollowsTheDataAndRepairsFlatOrReversedAxes) {
     EXPECT_FALSE(m.isOutX(x) || m.isOutY(y)) << r;
   }
 
-  // Limits rounded for show still hold the extreme points.
+  // The limits are the extremes as formatAxisNumber shows them, never rounded
+  // outwards: a point just past a rounded limit lies outside the frame.
   plotOf(QStringLiteral("sin(x)"), QStringLiteral("0"), QStringLiteral("1"), 11);
-  EXPECT_EQ(m.Text1[4], QStringLiteral("0.9"));  // sin(1) = 0.84147
-  EXPECT_FALSE(m.isOutY(std::sin(1.0)));
+  EXPECT_EQ(m.Text1[4], QStringLiteral("0.8"));  // sin(1) = 0.84147
+  EXPECT_TRUE(m.isOutY(std::sin(1.0)));
+  plotOf(QStringLiteral("x"), QStringLiteral("0"), QStringLiteral("2.5"), 3);
+  m.decimals = 0;
+  m.autoscale(0);
+  EXPECT_EQ(limits(1, 2), QStringList({"0", "2"}));
+  EXPECT_EQ(limits(3, 4), QStringList({"0", "2"}));
+  EXPECT_TRUE(m.isOutX(2.5));
+
+  // A flat axis whose -1 and +1 format alike keeps the plain numbers apart.
+  plotOf(QStringLiteral("20000"), QStringLiteral("0"), QStringLiteral("1"), 3);
+  m.decimals = 0;
+  m.autoscale(0);
+  EXPECT_EQ(limits(3, 4), QStringList({"19999", "20001"}));
 }
 
 TEST_F(PlotModelTest, ScaleLeavesTheMarginsAndMapsTheDerivativeAxisOntoTheFrame) {
@@ -167,6 +180,9 @@ TEST_F(PlotModelTest, TypedLimitsAreRepairedOnEnterAndMenusMoveThem) {
 
 TEST_F(PlotModelTest, AsymptoteRuleLeavesThePolesOfTanUnjoined) {
   plotOf(QStringLiteral("tan(x)"), QStringLiteral("-3"), QStringLiteral("3"), 200);
+  // Y limits typed one unit beyond the rounded extremes, so the points by the poles are inside.
+  for (size_t i : {size_t{3}, size_t{4}}) m.Text1[i] = QString::number(m.Text1[i].toDouble() + (i == 3 ? -1 : 1));
+  m.Text1_Enter();
   const std::uint32_t curve = m.colour(PlotModel::kCurveF);
   auto polesCrossed = [&] {
     RecordingCanvas c(plot::PlotCanvas::Target::Screen);
@@ -231,10 +247,10 @@ TEST_F(PlotModelTest, DerivativeNeedsOneMorePointThanItsOrderAndHidesG) {
   EXPECT_FALSE(m.mostrarGx);
   EXPECT_TRUE(m.Text1Visible[0] && m.Text1Visible[5]);
   EXPECT_EQ(m.derivativeLabel, QStringLiteral("F'(x)"));
-  // The derivative axis: forward differences of x³ from 0.01 to 11.41, rounded outwards.
-  EXPECT_EQ(limits(0, 5), QStringList({"0", "11.5"}));
+  // The derivative axis: forward differences of x³ from 0.01 to 11.41.
+  EXPECT_EQ(limits(0, 5), QStringList({"0", "11.4"}));
   m.Picture2_MouseMove(80, 70);
-  EXPECT_TRUE(m.Label1.endsWith(QStringLiteral("\ny' = 11.5"))) << m.Label1.toStdString();
+  EXPECT_TRUE(m.Label1.endsWith(QStringLiteral("\ny' = 11.4"))) << m.Label1.toStdString();
   m.menumderiv_Click(1);
   EXPECT_FALSE(m.DerivON);
   EXPECT_FALSE(m.Text1Visible[0]);

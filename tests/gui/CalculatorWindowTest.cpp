@@ -4,6 +4,7 @@
 // history shows its end and starts again at line 4001; the history prints to
 // a PDF file.
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -128,6 +129,33 @@ class CalculatorWindowTest : public QObject {
     QCOMPARE(shown(w), QStringLiteral("-4.5"));
     QTest::keyClick(&w, Qt::Key_Escape);
     QVERIFY(w.engine().stopRequested);
+  }
+
+  void copyAndPasteGoThroughTheClipboardAndTheKeyMap() {
+    CalculatorWindow w;
+    QVERIFY(exposed(w));
+    QTest::keyClicks(&w, QStringLiteral("12.5"));
+    for (const Qt::Key key : {Qt::Key_C, Qt::Key_Insert}) {
+      QGuiApplication::clipboard()->clear();
+      QTest::keyClick(&w, key, Qt::ControlModifier);
+      QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("12.5"));
+    }
+    QTest::keyClicks(&w, QStringLiteral("+"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("-2.5"));
+    QTest::keyClick(&w, Qt::Key_Insert, Qt::ShiftModifier);
+    QCOMPARE(shown(w), QStringLiteral("-2.5"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("dos"));
+    QTest::keyClick(&w, Qt::Key_Insert, Qt::ShiftModifier);
+    QCOMPARE(shown(w), QStringLiteral("-2.5"));  // refused, nothing typed
+    QTest::keyClick(&w, Qt::Key_Return);
+    QCOMPARE(shown(w), QStringLiteral("10"));
+    // Ctrl+V keeps its meaning: VAT out.
+    CalculatorEngine vatOut;
+    vatOut.numero = QStringLiteral("10");
+    vatOut.click(QStringLiteral("Command6"), 2);
+    QTest::keyClick(&w, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(shown(w), vatOut.numero.text());
+    QVERIFY(shown(w) != QStringLiteral("10"));
   }
 
   void shiftF10OpensTheWindowMenuWithTheFileAndSortMenus() {
@@ -356,7 +384,7 @@ class CalculatorWindowTest : public QObject {
     QTest::mouseClick(chameleon, Qt::LeftButton);
     auto* display = qobject_cast<ExtendedDisplayWindow*>(findWindow(WindowId::ExtendedDisplay));
     QVERIFY(display && display->isVisible());
-    QCOMPARE(display->windowTitle(), QStringLiteral("1"));
+    QCOMPARE(display->windowTitle(), Res(3025));
     QVERIFY(display->frameGeometry().bottom() < w.frameGeometry().top());
     QTest::keyClicks(&w, QStringLiteral("12*3="));
     QCOMPARE(display->Text1->text(), QStringLiteral("36"));

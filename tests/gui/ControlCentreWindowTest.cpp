@@ -2,12 +2,14 @@
 // first paint, shows the counter, offers only the modules that exist, opens
 // the calculator, and on closing unloads the other windows. What the
 // calculator keeps (memories, registers) outlives a quit and a restart.
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include "calc/CalculatorWindow.h"
 #include "shell/ControlCentreWindow.h"
@@ -108,6 +110,25 @@ class ControlCentreWindowTest : public QObject {
     w->close();
     QTRY_VERIFY(!findWindow(WindowId::ScientificCalculator));
     QCOMPARE(system_.calls.filter(QStringLiteral("removeFont")).size(), 3);
+  }
+
+  void closingHidesEveryWindowBeforeTheFarewellSound() {
+    ControlCentreWindow* w = openCentre();
+    QTest::mouseClick(w->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
+    QVERIFY(findWindow(WindowId::ScientificCalculator));
+    program().SoundOn = 1;
+    bool looked = false;
+    QStringList onScreen;
+    QTimer::singleShot(300, w, [&] {
+      looked = true;
+      for (QWidget* t : QApplication::topLevelWidgets()) {
+        if (t->isVisible()) onScreen << t->objectName();
+      }
+    });
+    w->close();  // returns after the sound's wait
+    QVERIFY(looked);
+    QVERIFY2(onScreen.isEmpty(), qPrintable(onScreen.join(QLatin1Char(' '))));
+    QVERIFY(!system_.calls.filter(QStringLiteral("exit.wav")).isEmpty());
   }
 
   // Three runs of the program: the first fills a memory from the keys and a

@@ -5,6 +5,9 @@
 // the table prints to a PDF file.
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QItemSelectionModel>
 #include <QComboBox>
 #include <QDir>
 #include <QLabel>
@@ -100,6 +103,17 @@ class FunctionTableWindowTest : public QObject {
     QCOMPARE(cell(w, 200, 1), QStringLiteral("15"));
     QCOMPARE(control<QComboBox>(w, "Combo2")->currentText(), QStringLiteral("200"));
     QCOMPARE(control<QLineEdit>(w, "Text1")->text(), rt::NumberToText(1.5 / 199));
+    // Ctrl+C copies the selected block for a spreadsheet; Ctrl+Insert too.
+    auto* grid = control<QTableView>(w, "MSFlexGrid1");
+    grid->setFocus();
+    grid->selectionModel()->select(QItemSelection(grid->model()->index(198, 0), grid->model()->index(199, 1)),
+                                   QItemSelectionModel::ClearAndSelect);
+    for (const auto& keys : {std::pair{Qt::Key_C, Qt::ControlModifier}, std::pair{Qt::Key_Insert, Qt::ControlModifier}}) {
+      QGuiApplication::clipboard()->clear();
+      QTest::keyClick(grid, keys.first, keys.second);
+      QCOMPARE(QGuiApplication::clipboard()->text(),
+               cell(w, 199, 0) + QLatin1Char('\t') + cell(w, 199, 1) + QStringLiteral("\n1.5\t15\n"));
+    }
     // The angle button and the mode menu reach the model.
     QTest::mouseClick(control<QPushButton>(w, "Command2"), Qt::LeftButton);
     QCOMPARE(control<QLabel>(w, "Label1")->text(), QStringLiteral("gra"));

@@ -167,6 +167,21 @@ class MessageBoxWindowTest : public QObject {
     QCOMPARE(program().MessageValue.toLong(), 0);
   }
 
+  void enterOnTheListChoosesTheSelectedItem() {
+    setMessageList({QStringLiteral("Windows 9x/ME/NT"), QStringLiteral("Windows 2000/XP/Vista")}, QStringLiteral("Pick"));
+    whenShown([](MBox* box) {
+      QTRY_VERIFY(box->mboxlist->hasFocus());
+      QTest::keyClick(box->mboxlist, Qt::Key_Return);  // nothing chosen yet: the box stays
+      QVERIFY(box->isVisible());
+      QTest::keyClick(box->mboxlist, Qt::Key_Down);
+      QTest::keyClick(box->mboxlist, Qt::Key_Down);
+      QTest::keyClick(box->mboxlist, Qt::Key_Return);
+    });
+    MBoxShow(0, QStringLiteral("System?"), 1, 3, 1);
+    QCOMPARE(program().MessageResult, 0);
+    QCOMPARE(program().MessageValue.toLong(), 2);
+  }
+
   void datePickerAnswersWithTheDateShown() {
     setMessageDate(rt::DateSerial(2024, 2, 29));
     whenShown([](MBox* box) {

@@ -4,6 +4,7 @@
 // shows in the pixels of the picture, and the printed page (PDF) carries the
 // same picture as the screen.
 #include <QAction>
+#include <QClipboard>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QImage>
@@ -146,6 +147,9 @@ class PlotWindowTest : public QObject {
     PlotModel m(t);
     m.Form_Resize(760, 520);
     m.Form_Load();
+    // Y limits typed one unit beyond the rounded extremes, so the samples by the poles are inside.
+    for (size_t i : {size_t{3}, size_t{4}}) m.Text1[i] = QString::number(m.Text1[i].toDouble() + (i == 3 ? -1 : 1));
+    m.Text1_Enter();
     auto strokePixels = [&m] {
       const QImage image = renderPlotImage(m, 760, 520).convertToFormat(QImage::Format_RGB32);
       const double step = 6.0 / 199;
@@ -165,6 +169,17 @@ class PlotWindowTest : public QObject {
     QCOMPARE(strokePixels(), 0);
     m.NoUnirPolos_Click();
     QVERIFY(strokePixels() > 100);
+  }
+
+  void ctrlCCopiesThePicture() {
+    PlotWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QGuiApplication::clipboard()->clear();
+    QTest::keyClick(&w, Qt::Key_C, Qt::ControlModifier);
+    const QImage copied = QGuiApplication::clipboard()->image();
+    QVERIFY(!copied.isNull());
+    QCOMPARE(copied.convertToFormat(QImage::Format_RGB32), w.picture().convertToFormat(QImage::Format_RGB32));
   }
 
   // The page of a PDF print, rasterised, shows the curve where the screen shows it.

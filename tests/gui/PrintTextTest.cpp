@@ -1,11 +1,18 @@
 // PrintText on a real printer device: a PDF file, read back with pdftotext.
 // The header, the title and every line of a long text are there, with page
 // breaks at the page's height and a page range honoured.
+#include <QApplication>
+#include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
+#include "shell/QtTranslations.h"
 #include "shell/Strings.h"
 #include "tests/support/GuiTestSupport.h"
 
@@ -32,6 +39,27 @@ class PrintTextTest : public QObject {
     setPrintPresenter(&printer_);
   }
   void cleanup() { setPrintPresenter(nullptr); }
+
+  void theDialogProposesTheTitleAsTheFileNameInDatos() {
+    program().AppFolder = QString(dir_.path() + QStringLiteral("/"));
+    program().LanguageOffset = 20000;
+    QtTranslations qtTexts;
+    QString proposed, cancel;
+    QTimer::singleShot(300, [&] {
+      auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+      if (!dialog) return;
+      if (auto* box = dialog->findChild<QLineEdit*>(QStringLiteral("filename"))) proposed = box->text();
+      for (QPushButton* b : dialog->findChildren<QPushButton*>()) {
+        if (b->text().contains(QStringLiteral("Annuler"))) cancel = b->text();
+      }
+      dialog->reject();
+    });
+    QPrinter printer;
+    QVERIFY(!execPrintDialog(printer, nullptr, QStringLiteral("Calvix  -  Tabla: x/2")));
+    QCOMPARE(proposed, dir_.path() + QStringLiteral("/datos/Calvix - Tabla_ x_2.pdf"));
+    QVERIFY2(!cancel.isEmpty(), "the dialog speaks the program's language");
+    QCOMPARE(printer.docName(), QStringLiteral("Calvix  -  Tabla: x/2"));
+  }
 
   void aLongTextPrintsEveryLineOnSeveralPages() {
     const QString pdf = dir_.filePath(QStringLiteral("long.pdf"));

@@ -11,6 +11,7 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "calc/CalculatorWindow.h"
 #include "calc/StatisticsGridView.h"
@@ -68,6 +69,28 @@ class StatisticsPanelTest : public QObject {
     QCOMPARE(w.engine().regType, static_cast<std::int16_t>(1));
     QVERIFY(potential->isChecked());
     QCOMPARE(w.findChild<QLineEdit*>(QStringLiteral("func"))->text(), Res(4571) + QLatin1Char(' ') + Res(4202));
+  }
+
+  void escapeClosesTheMenusOfTheKeysAndButtons() {
+    CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    w.findChild<QTabWidget*>(QStringLiteral("panels"))->setCurrentWidget(w.findChild<QWidget*>(QStringLiteral("statisticsPage")));
+    const std::pair<const char*, QWidget*> openers[] = {
+        {"TipoRegresion", w.keyButton(QStringLiteral("Command78"))},
+        {"MnuClrSTD", w.keyButton(QStringLiteral("Command82"))},
+        {"ordenaEstad", w.findChild<QWidget*>(QStringLiteral("ordenaEstadButton"))},
+    };
+    for (const auto& [name, opener] : openers) {
+      QVERIFY2(opener, name);
+      auto* menu = w.findChild<QMenu*>(QString::fromLatin1(name));
+      QVERIFY2(menu, name);
+      // The tool button's menu runs its own loop: Escape is sent from inside it.
+      QTimer::singleShot(50, menu, [menu] { QTest::keyClick(menu, Qt::Key_Escape); });
+      QTest::mouseClick(opener, Qt::LeftButton);
+      QTRY_VERIFY2(!menu->isVisible(), name);
+      QVERIFY2(!w.engine().stopRequested, name);
+    }
   }
 
   void dataTablePrintsToPdf() {

@@ -8,11 +8,14 @@
 #include <QTest>
 #include <QTextBrowser>
 
+#include "funcs/AddInFunctions.h"
+#include "funcs/LanguageFunctions.h"
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/HelpWindow.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/WindowRegistry.h"
+#include "shell/Strings.h"
 #include "shell/WindowServices.h"
 #include "tests/support/GuiTestSupport.h"
 
@@ -64,6 +67,27 @@ class WindowServicesTest : public QObject {
     QVERIFY(qAbs(pairCentre - area.center().x()) <= 2);
   }
 
+  void aPairTooWideForTheScreenStaysOnItWithTheSecondOnTop() {
+    QWidget a, b;
+    a.resize(1190, 700);  // the function table and the plot
+    b.resize(820, 600);
+    a.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&a));
+    ArrangeSideBySide(&a, &b, 0);
+    const QRect area = a.screen()->availableGeometry();
+    QVERIFY(area.contains(a.frameGeometry()));
+    QVERIFY(area.contains(b.frameGeometry()));
+    QCOMPARE(b.frameGeometry().right(), area.right());
+    QTRY_VERIFY(b.isActiveWindow());
+    // One window larger than the screen is made to fit it.
+    QWidget big;
+    big.resize(1600, 900);
+    big.move(-50, 300);
+    big.show();
+    KeepOnScreen(&big);
+    QVERIFY(area.contains(big.frameGeometry()));
+  }
+
   void stackedPutsTheSecondAboveAndRestoresTheMain() {
     QWidget a, b;
     a.resize(300, 200);
@@ -93,7 +117,7 @@ class WindowServicesTest : public QObject {
     QWidget* calc = findWindow(WindowId::ScientificCalculator);
     auto* display = qobject_cast<ExtendedDisplayWindow*>(findWindow(WindowId::ExtendedDisplay));
     QVERIFY(calc && display);
-    QCOMPARE(display->windowTitle(), QStringLiteral("1"));
+    QCOMPARE(display->windowTitle(), Res(3025));
     QCOMPARE(display->Text1->text(), QStringLiteral("12.5"));
     QCOMPARE(display->Text2->toPlainText(), QStringLiteral("r = 12.5\nsecond line"));
     QCOMPARE(display->Text1->palette().color(QPalette::Base), QColor(Qt::black));
@@ -145,6 +169,29 @@ class WindowServicesTest : public QObject {
       const QString html = QString::fromUtf8(page.readAll());
       for (int t : topics) QVERIFY2(html.contains(QStringLiteral("name=\"t%1\"").arg(t)), qPrintable(QString::number(t)));
       QVERIFY(QFile::exists(QStringLiteral(":/help/%1/index.html").arg(QLatin1String(lang))));
+    }
+  }
+
+  void theFunctionListHasItsPageWithEveryFunctionInEveryLanguage() {
+    QStringList names;
+    for (const FunctionDef& f : AddInFunctions().functions()) names << QString::fromLatin1(f.name);
+    for (const FunctionDef& f : LanguageFunctions().functions()) names << QString::fromLatin1(f.name);
+    QVERIFY(names.size() >= 26 + 13);
+    for (int language = 0; language < 4; ++language) {
+      program().LanguageOffset = language * 10000;
+      const QUrl url = HelpWindow::topicUrl(kFunctionListTopic);
+      QCOMPARE(url.fileName(), QStringLiteral("funclist.html"));
+      QFile page(QLatin1Char(':') + url.path());
+      QVERIFY2(page.open(QIODevice::ReadOnly), qPrintable(url.toString()));
+      const QString html = QString::fromUtf8(page.readAll());
+      QVERIFY(url.path().startsWith(QStringLiteral("/help/%1/").arg(QStringList{"es", "en", "fr", "ca"}.at(language))));
+      QVERIFY(html.contains(QStringLiteral("name=\"t1500\"")));
+      for (const QString& name : std::as_const(names)) {
+        QVERIFY2(html.contains(QStringLiteral("<td>") + name + QLatin1Char('(')) ||
+                     html.contains(QStringLiteral("<td>") + name + QLatin1Char('[')) ||
+                     html.contains(QStringLiteral("<td>") + name + QStringLiteral("</td>")),
+                 qPrintable(name));
+      }
     }
   }
 

@@ -51,3 +51,24 @@ TEST_F(PrintingTest, AFailingPrinterReports910AndACancelNothing) {
   EXPECT_EQ(messages.shown().size(), 1u);
   setPrintPresenter(nullptr);
 }
+
+TEST_F(PrintingTest, PrintToFileProposesTheTitleAsASafeNameInDatos) {
+  program().AppFolder = QStringLiteral("/opt/calvix/");
+  const struct {
+    const char* title;
+    const char* name;
+  } rows[] = {
+      {"Calvix  -  Tabla de Funciones", "Calvix - Tabla de Funciones"},
+      {"F(x) = 1/x: a*b?", "F(x) = 1_x_ a_b_"},
+      {"  ..hidden..  ", "hidden"},
+      {"a\tb\nc<>|\"d", "a_b_c____d"},
+      {"", "Calvix"},
+      {"...", "Calvix"},
+      {"Gráfica ÀÉÎ", "Gráfica ÀÉÎ"},
+  };
+  for (const auto& r : rows) {
+    EXPECT_EQ(printFileName(QString::fromUtf8(r.title)),
+              QStringLiteral("/opt/calvix/datos/") + QString::fromUtf8(r.name) + QStringLiteral(".pdf"))
+        << r.title;
+  }
+}

@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
+#include <pwd.h>
+#include <unistd.h>
 
 #include "shell/runtime/DateTime.h"
 #include "shell/ErrorReport.h"
@@ -215,6 +217,20 @@ TEST_F(ServicesTest, SystemNamesComeFromThePlatform) {
   EXPECT_EQ(SystemUserName(0).size(), 255);
   EXPECT_EQ(SystemUserName(1), QStringLiteral("testhost"));
   EXPECT_EQ(SystemUserName(2), QString());
+}
+
+TEST_F(ServicesTest, UserNameFallsBackToTheAccountDatabaseWithoutUser) {
+  struct EnvironmentScope {
+    QByteArray saved = qgetenv("USER");
+    bool had = qEnvironmentVariableIsSet("USER");
+    ~EnvironmentScope() { had ? qputenv("USER", saved) : qunsetenv("USER"); }
+  } scope;
+  const passwd* pw = getpwuid(getuid());
+  ASSERT_NE(pw, nullptr);
+  qunsetenv("USER");
+  EXPECT_EQ(accountUserName(), QString::fromLocal8Bit(pw->pw_name));
+  qputenv("USER", "somebody");
+  EXPECT_EQ(accountUserName(), QStringLiteral("somebody"));
 }
 
 TEST_F(ServicesTest, FileDatesAndTextFiles) {

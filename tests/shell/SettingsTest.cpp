@@ -3,6 +3,7 @@
 // and the settings surviving two runs of the control centre.
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRandomGenerator>
 
 #include "shell/ControlCentre.h"
@@ -387,4 +388,5 @@ TEST_F(SettingsTest, SeedingCopiesWhatIsMissingAndLeavesTheRest) {
   EXPECT_EQ(rt::readWholeFile(to + QStringLiteral("/mmedia/hey.wav")), QByteArray("RIFF"));
   EXPECT_FALSE(QFile::exists(to + QStringLiteral("/calvix")));
   EXPECT_EQ(programDataFolder(from), from);  // a writable program folder is its own data folder
+  EXPECT_TRUE(QFileInfo(from + QStringLiteral("/datos")).isDir());  // where the file dialogs start
 }
