@@ -6,6 +6,7 @@
 #include "calc/CalculatorWindow.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
+#include "geometry/GeometryWindow.h"
 #include "shell/ControlCentreWindow.h"
 #include "shell/DesktopPlatform.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -35,6 +36,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
   registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
+  registerWindowFactory(WindowId::Geometry, [] { return new GeometryWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

@@ -203,7 +203,6 @@ QGroupBox* GeometryWindow::buildCalculator() {
   Command1 = new QPushButton(QStringLiteral("?"), this);
   Command1->setObjectName(QStringLiteral("Command1"));
   Command1->setToolTip(Res(3504));
-  Command1->setFixedWidth(32);
   connect(Command1, &QPushButton::clicked, this, [this] { act([&] { model_.Command1_Click(); }); });
   calcStatus = new QLabel(this);
   calcStatus->setObjectName(QStringLiteral("calcStatus"));
