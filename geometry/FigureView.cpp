@@ -42,6 +42,14 @@ class Sketch {
     p.drawPolygon(pts.data(), static_cast<int>(pts.size()));
     noFill();
   }
+  // A side face of a round solid: filled, only its two slanted sides drawn.
+  void side(QPointF a0, QPointF a1, QPointF b1, QPointF b0) {
+    p.setPen(Qt::NoPen);
+    polygon({a0, a1, b1, b0});
+    solid();
+    line(a0, a1);
+    line(b0, b1);
+  }
   void polyline(const std::vector<QPointF>& pts) { p.drawPolyline(pts.data(), static_cast<int>(pts.size())); }
   // A horizontal ellipse seen from above: the far half dashed when hidden.
   void ring(QPointF c, double rx, double ry, bool backHidden) {
@@ -276,7 +284,7 @@ void drawPolygon(Sketch& s, int id, int form) {
       s.measure(c, mid, 1, {12, 0});
       s.measure(pts[4] + QPointF(0, 14), pts[5] + QPointF(0, 14), 2, {0, 12});
       s.dot(c);
-      s.text(c + QPointF(-40, -18), s.label(0) + QStringLiteral(" = 6"));
+      s.letter(c + QPointF(-22, -14), 0);
       break;
     }
     case 3583: {  // Polígono Irregular Pentagonal: three triangles from one corner
@@ -333,7 +341,7 @@ void drawRoundSolid(Sketch& s, int id, int form) {
     case 3561: {  // Cono Oblícuo
       const QPointF b(id == 3560 ? 150 : 120, 182);
       const QPointF apex(id == 3560 ? 150 : 230, 30);
-      s.polygon({b + QPointF(-rx, 0), apex, b + QPointF(rx, 0)});
+      s.side(b + QPointF(-rx, 0), apex, apex, b + QPointF(rx, 0));
       s.ring(b, rx, ry, true);
       s.measure(b, b + QPointF(-rx, 0), 0, {0, -11});
       if (id == 3560 && form == 2) {
@@ -349,7 +357,7 @@ void drawRoundSolid(Sketch& s, int id, int form) {
     case 3592: {  // Tronco de Cono: R r h g
       const QPointF b(150, 185), t(150, 60);
       const double r2 = 42;
-      s.polygon({b + QPointF(-85, 0), t + QPointF(-r2, 0), t + QPointF(r2, 0), b + QPointF(85, 0)});
+      s.side(b + QPointF(-85, 0), t + QPointF(-r2, 0), t + QPointF(r2, 0), b + QPointF(85, 0));
       s.ring(b, 85, 22, true);
       s.disc(t, r2, 12, kShade);
       s.measure(b, b + QPointF(-85, 0), 0, {0, -11});
@@ -497,7 +505,7 @@ void drawSphere(Sketch& s, int id) {
       s.ring(QPointF(c.x(), y1), h1, 14, true);
       s.disc(QPointF(c.x(), y2), h2, 13, kShade);
       s.dot(c);
-      s.measure(c, polar(c, r, 200), 0, {0, 12});
+      s.measure(c, polar(c, r, 250), 0, {-10, 8});
       s.measure(QPointF(c.x(), y2), QPointF(c.x() + h2, y2), 2, {0, -10});
       s.measure(QPointF(c.x(), y1), QPointF(c.x() + h1, y1), 1, {0, 10});
       s.measure(QPointF(c.x() - h2 - 12, y2), QPointF(c.x() - h2 - 12, y1), 3, {-12, 0});
@@ -596,7 +604,7 @@ void drawBox(Sketch& s, int id) {
       s.measure(tc, mid, 1, {-8, -8});
       s.letter((base[0] + base[1]) / 2 + QPointF(0, 14), 2);
       s.measure(base[2] + QPointF(14, 0), base[2] + QPointF(14, -120), 3, {12, 0});
-      s.text(tc + QPointF(0, -30), s.label(0) + QStringLiteral(" = 6"));
+      s.letter(tc + QPointF(-24, -10), 0);
       break;
     }
     case 3586:    // Prisma Triangular Oblícuo
@@ -692,7 +700,7 @@ void drawPyramid(Sketch& s, int id, int form) {
       } else {
         s.measure(apex, QPointF(apex.x(), c.y()), 3, {12, 0});
       }
-      s.text(apex + QPointF(50, 0), s.label(0) + QStringLiteral(" = 6"));
+      s.letter(c + QPointF(-30, -10), 0);
       break;
     }
     case 3601: {  // Tronco de Pirámide: B b P p a h
@@ -719,7 +727,7 @@ void drawPyramid(Sketch& s, int id, int form) {
       s.letter((upper[2] + upper[3]) / 2 + QPointF(0, -12), 3);
       const QPointF bm = (base[0] + base[1]) / 2, tm = (upper[0] + upper[1]) / 2;
       s.measure(bm, tm, 4, {-12, 0});
-      s.measure(QPointF(c.x() + 150, c.y() - 2), QPointF(c.x() + 150, top.y()), 5, {12, 0});
+      s.measure(QPointF(c.x() + 135, c.y() - 2), QPointF(c.x() + 135, top.y()), 5, {12, 0});
       break;
     }
     default:
@@ -766,7 +774,7 @@ void drawPolyhedron(Sketch& s, int id) {
   std::vector<Vec3> v = polyhedron(id);
   if (v.empty()) return;
   // Turn the solid so that no edge lies along the line of sight.
-  const double ay = 0.55, ax = 0.42;
+  const double ay = 0.33, ax = 0.27;
   for (Vec3& p : v) {
     const double x = p.x * std::cos(ay) + p.z * std::sin(ay), z = -p.x * std::sin(ay) + p.z * std::cos(ay);
     const double y = p.y * std::cos(ax) - z * std::sin(ax), z2 = p.y * std::sin(ax) + z * std::cos(ax);
@@ -781,34 +789,58 @@ void drawPolyhedron(Sketch& s, int id) {
   }
   const double scale = 95 / radius;
   auto at = [&](const Vec3& p) { return QPointF(150 + p.x * scale, 112 - p.y * scale); };
-  // Edges: pairs at the shortest distance. Those whose middle lies behind
-  // the centre are dashed.
+  // The outline: the convex hull of the projected corners (gift wrapping).
+  std::vector<size_t> hull;
+  size_t first = 0;
+  for (size_t i = 1; i < v.size(); ++i) {
+    if (v[i].x < v[first].x) first = i;
+  }
+  size_t current = first;
+  do {
+    hull.push_back(current);
+    size_t next = (current + 1) % v.size();
+    for (size_t k = 0; k < v.size(); ++k) {
+      const double cross = (v[next].x - v[current].x) * (v[k].y - v[current].y) -
+                           (v[next].y - v[current].y) * (v[k].x - v[current].x);
+      if (cross < -1e-9) next = k;
+    }
+    current = next;
+  } while (current != first && hull.size() <= v.size());
+  auto onOutline = [&](size_t i, size_t j) {
+    for (size_t k = 0; k < hull.size(); ++k) {
+      const size_t a = hull[k], b = hull[(k + 1) % hull.size()];
+      if ((a == i && b == j) || (a == j && b == i)) return true;
+    }
+    return false;
+  };
+  // An edge of a regular solid faces the viewer when its middle does (the
+  // middle points along the sum of the two faces' normals) or when it lies on
+  // the outline; the others are hidden.
   std::vector<std::pair<size_t, size_t>> front;
   QPointF labelEdge[2];
-  double best = -1e9;
+  double lowest = -1e9;
   for (size_t i = 0; i < v.size(); ++i) {
     for (size_t j = i + 1; j < v.size(); ++j) {
       const double d = std::hypot(v[i].x - v[j].x, v[i].y - v[j].y, v[i].z - v[j].z);
       if (d > edge * 1.01) continue;
-      const double depth = (v[i].z + v[j].z) / 2;
-      if (depth < -0.15 * radius) {
-        s.hidden();
-        s.line(at(v[i]), at(v[j]));
-      } else {
+      if ((v[i].z + v[j].z) / 2 > 1e-9 || onOutline(i, j)) {
         front.push_back({i, j});
-        const double low = (v[i].y + v[j].y) / 2 * -1 + depth;
-        if (low > best) {
-          best = low;
+        const double y = at(v[i]).y() + at(v[j]).y();
+        if (y > lowest) {
+          lowest = y;
           labelEdge[0] = at(v[i]);
           labelEdge[1] = at(v[j]);
         }
+      } else {
+        s.hidden();
+        s.line(at(v[i]), at(v[j]));
       }
     }
   }
   s.solid();
   for (const auto& [i, j] : front) s.line(at(v[i]), at(v[j]));
   const QPointF m = (labelEdge[0] + labelEdge[1]) / 2;
-  s.letter(m + (m - QPointF(150, 112)) * 0.15, 0);
+  s.letter(m + QPointF(0, 14), 0);
 }
 
 }  // namespace

@@ -68,9 +68,9 @@ GeometryWindow::GeometryWindow(QWidget* parent) : QWidget(parent) {
   body->addLayout(side, 2);
   rows->addLayout(body, 1);
 
-  setProperty("screenshotStates",
-              QStringList{QStringLiteral("Cono 2"), QStringLiteral("Tronco de Pirámide"), QStringLiteral("Zona Esférica"),
-                          QStringLiteral("Segmento Circular"), QStringLiteral("Icosaedro")});
+  // Screenshot states are catalogue rows (FigureIndex), whatever the language.
+  setProperty("screenshotStates", QStringList{QStringLiteral("6"), QStringLiteral("53"), QStringLiteral("54"),
+                                              QStringLiteral("42"), QStringLiteral("19")});
   resize(960, 600);
   refresh();
   Text1[0]->setFocus();
@@ -306,13 +306,14 @@ void GeometryWindow::refresh() {
 // ---- Screenshots ----------------------------------------------------------------
 
 void GeometryWindow::showScreenshotState(const QString& state) {
-  const qsizetype index = model_.Combo1Items.indexOf(state);
-  if (index < 0) return;
-  model_.Combo1_Click(static_cast<int>(index));
+  bool ok = false;
+  const int index = state.toInt(&ok) - 1;
+  if (!ok || index < 0 || index >= model_.Combo1Items.size()) return;
+  model_.Combo1_Click(index);
   const double samples[] = {5, 3, 4, 2.5, 2, 1.5};
   for (int i = 0; i < model_.visibleBoxes; ++i) model_.typeText1(i, QString::number(samples[i]));
-  if (state == QLatin1String("Cono 2")) model_.typeText1(1, QStringLiteral("7"));
-  if (state == QLatin1String("Segmento Circular")) model_.typeText1(1, QStringLiteral("120"));
+  if (model_.row().nameId == 3560) model_.typeText1(1, QStringLiteral("7"));  // g above r
+  if (model_.row().nameId == 3595) model_.typeText1(1, QStringLiteral("120"));
   if (!model_.formulaView) model_.chameleonButton4_Click();
   model_.chameleonButton2_Click();
   refresh();

@@ -119,10 +119,14 @@ class GeometryWindowTest : public QObject {
       GeometryWindow w;
       show(w);
       QVERIFY(w.frameGeometry().width() <= 1280 && w.frameGeometry().height() <= 800);
-      for (const QString& state : {QStringLiteral("Tronco de Pirámide"), QStringLiteral("Elipse 2"),
-                                   QStringLiteral("Pirámide Regular (n lados) 1")}) {
+      // Tronco de Pirámide, Elipse 2, Pirámide Regular (n lados) 1.
+      for (const QString& state : {QStringLiteral("53"), QStringLiteral("16"), QStringLiteral("31")}) {
         w.showScreenshotState(state);
         QApplication::processEvents();
+        // CALVIX_SHOTS_DIR keeps a picture of each language to look at.
+        if (const QString dir = qEnvironmentVariable("CALVIX_SHOTS_DIR"); !dir.isEmpty()) {
+          w.grab().save(QStringLiteral("%1/geometry-%2-%3.png").arg(dir).arg(offset).arg(state));
+        }
         for (QWidget* c : w.findChildren<QWidget*>()) {
           if (!c->isVisible()) continue;
           if (auto* l = qobject_cast<QLabel*>(c); l && !l->wordWrap()) {
