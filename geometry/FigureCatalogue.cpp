@@ -93,9 +93,10 @@ double heron(double a, double b, double c) {
 }
 
 // The n of a regular figure: not below 3, whole.
-bool refuseSides(double n, const QString& label, FigureOutcome& out) {
+template <typename Label>
+bool refuseSides(double n, const Label& label, FigureOutcome& out) {
   if (n < 3) {
-    out.reason = label + QStringLiteral(" < 3 ");
+    out.reason = label(0) + QStringLiteral(" < 3 ");
   } else if (n != std::floor(n)) {
     out.reason = Res(kNotWholeId);
   } else {
@@ -223,12 +224,13 @@ std::vector<FigureNote> figureNotes(const FigureRow& row) {
 
 FigureOutcome computeFigure(const FigureRow& row, const std::array<double, kMaxParameters>& v) {
   FigureOutcome out;
-  const QStringList label = parameterLabels(row);
+  // The labels are only needed for a reason, so they are built then.
+  auto label = [&row](int i) { return parameterLabels(row).at(i); };
   // Refuses when the condition holds; the reason names the two boxes.
   auto refuse = [&](bool condition, int i, const char* sign, int j) {
     if (!out.refused && condition) {
       out.refused = true;
-      out.reason = label[i] + u' ' + QLatin1String(sign) + u' ' + label[j];
+      out.reason = label(i) + u' ' + QLatin1String(sign) + u' ' + label(j);
     }
     return out.refused;
   };
@@ -380,7 +382,7 @@ FigureOutcome computeFigure(const FigureRow& row, const std::array<double, kMaxP
       break;
     case key(3579): {  // Pirámide Regular Obl.: n a b h
       const double n = v[0], a = v[1], b = v[2], h = v[3];
-      if (refuseSides(n, label[0], out)) break;
+      if (refuseSides(n, label, out)) break;
       P = n * b;
       V = n * a * b * h / 6;
       break;
@@ -412,7 +414,7 @@ FigureOutcome computeFigure(const FigureRow& row, const std::array<double, kMaxP
     }
     case key(3582, 1): {  // Pirámide Regular (n lados) 1: n a b c
       const double n = v[0], a = v[1], b = v[2], c = v[3];
-      if (refuseSides(n, label[0], out) || refuse(a >= c, 1, ">=", 3)) break;
+      if (refuseSides(n, label, out) || refuse(a >= c, 1, ">=", 3)) break;
       const double h = sqr(c * c - a * a);
       P = n * b * c / 2;
       A = n * b * (c + a) / 2;
@@ -421,7 +423,7 @@ FigureOutcome computeFigure(const FigureRow& row, const std::array<double, kMaxP
     }
     case key(3582, 2): {  // Pirámide Regular (n lados) 2: n a b h
       const double n = v[0], a = v[1], b = v[2], h = v[3];
-      if (refuseSides(n, label[0], out)) break;
+      if (refuseSides(n, label, out)) break;
       const double c = sqr(h * h + a * a);
       P = n * b * c / 2;
       A = n * b * (c + a) / 2;
@@ -433,14 +435,14 @@ FigureOutcome computeFigure(const FigureRow& row, const std::array<double, kMaxP
       break;
     case key(3584): {  // Polígono Regular n a b
       const double n = v[0], a = v[1], b = v[2];
-      if (refuseSides(n, label[0], out)) break;
+      if (refuseSides(n, label, out)) break;
       P = n * b;
       A = n * a * b / 2;
       break;
     }
     case key(3585): {  // Prisma Regular Recto n a b h
       const double n = v[0], a = v[1], b = v[2], h = v[3];
-      if (refuseSides(n, label[0], out)) break;
+      if (refuseSides(n, label, out)) break;
       P = n * b * h;
       A = n * b * (a + h);
       V = n * a * b * h / 2;

@@ -213,11 +213,12 @@ const TextbookCase kTextbook[] = {
      }},
 };
 
-class TextbookFormulas : public CalvixTest, public ::testing::WithParamInterface<TextbookCase> {};
+class FigureCatalogueTest : public CalvixTest {};
+class FigureTextbookFormulas : public CalvixTest, public ::testing::WithParamInterface<TextbookCase> {};
 
 }  // namespace
 
-TEST_F(CalvixTest, CatalogueHasFiftyFourRowsInItsOrder) {
+TEST_F(FigureCatalogueTest, CatalogueHasFiftyFourRowsInItsOrder) {
   ASSERT_EQ(catalogueSize(), 54);
   const auto& rows = catalogue();
   EXPECT_EQ(figureName(rows.front()), QStringLiteral("Círculo"));
@@ -240,7 +241,7 @@ TEST_F(CalvixTest, CatalogueHasFiftyFourRowsInItsOrder) {
   EXPECT_EQ(std::size(kTextbook), rows.size());
 }
 
-TEST_F(CalvixTest, TagsAreReadPositionByPosition) {
+TEST_F(FigureCatalogueTest, TagsAreReadPositionByPosition) {
   const FigureRow cone = parseTag(QStringLiteral("SSS2rg-23560"));
   EXPECT_EQ(cone.shows, (std::array{true, true, true}));
   EXPECT_EQ(cone.parameterCount, 2);
@@ -258,7 +259,7 @@ TEST_F(CalvixTest, TagsAreReadPositionByPosition) {
   }
 }
 
-TEST_F(CalvixTest, FormulaTextsKeepTheirBlanks) {
+TEST_F(FigureCatalogueTest, FormulaTextsKeepTheirBlanks) {
   struct Row {
     const char* figure;
     int line;
@@ -284,7 +285,7 @@ TEST_F(CalvixTest, FormulaTextsKeepTheirBlanks) {
   }
 }
 
-TEST_F(CalvixTest, LabelsAreTheTagLettersSaveTheFiguresOwn) {
+TEST_F(FigureCatalogueTest, LabelsAreTheTagLettersSaveTheFiguresOwn) {
   struct Row {
     const char* figure;
     const char* labels;
@@ -300,7 +301,7 @@ TEST_F(CalvixTest, LabelsAreTheTagLettersSaveTheFiguresOwn) {
   }
 }
 
-TEST_F(CalvixTest, LineTitlesChangeOnlyForTheListedFigures) {
+TEST_F(FigureCatalogueTest, LineTitlesChangeOnlyForTheListedFigures) {
   struct Row {
     const char* figure;
     const char* titles;
@@ -325,7 +326,7 @@ TEST_F(CalvixTest, LineTitlesChangeOnlyForTheListedFigures) {
   }
 }
 
-TEST_F(CalvixTest, NotesBelongToTheAngleAndBaseFigures) {
+TEST_F(FigureCatalogueTest, NotesBelongToTheAngleAndBaseFigures) {
   auto notes = [](const char* figure) {
     QStringList out;
     for (const FigureNote& n : figureNotes(byName(QString::fromUtf8(figure)))) out << n.label + n.text;
@@ -338,7 +339,7 @@ TEST_F(CalvixTest, NotesBelongToTheAngleAndBaseFigures) {
   EXPECT_EQ(notes("Esfera"), QString());
 }
 
-TEST_P(TextbookFormulas, AgreeWithTheFigureForTwoParameterSets) {
+TEST_P(FigureTextbookFormulas, AgreeWithTheFigureForTwoParameterSets) {
   const TextbookCase& c = GetParam();
   const FigureRow& row = byName(QString::fromUtf8(c.name));
   for (const Params& p : {c.first, c.second}) {
@@ -352,12 +353,12 @@ TEST_P(TextbookFormulas, AgreeWithTheFigureForTwoParameterSets) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryFigure, TextbookFormulas, ::testing::ValuesIn(kTextbook),
+INSTANTIATE_TEST_SUITE_P(EveryFigure, FigureTextbookFormulas, ::testing::ValuesIn(kTextbook),
                          [](const ::testing::TestParamInfo<TextbookCase>& info) {
                            return "row" + std::to_string(info.index + 1);
                          });
 
-TEST_F(CalvixTest, LimitsRefuseWithTheLabelsAndTheirSign) {
+TEST_F(FigureCatalogueTest, LimitsRefuseWithTheLabelsAndTheirSign) {
   struct Row {
     const char* figure;
     Params values;
@@ -391,13 +392,13 @@ TEST_F(CalvixTest, LimitsRefuseWithTheLabelsAndTheirSign) {
   }
 }
 
-TEST_F(CalvixTest, ImpossibleRootsFailAsTheRuntimeDoes) {
+TEST_F(FigureCatalogueTest, ImpossibleRootsFailAsTheRuntimeDoes) {
   // A triangle that does not close, a slant shorter than half the side.
   EXPECT_EQ(errorOf([] { computeFigure(byName(QStringLiteral("Triángulo 2")), {1, 1, 5}); }), 5);
   EXPECT_EQ(errorOf([] { computeFigure(byName(QStringLiteral("Pirámide Regular Cuadrada 2")), {6, 2}); }), 5);
 }
 
-TEST_F(CalvixTest, AnglesGoToRadiansOnlyInsideSinAndCos) {
+TEST_F(FigureCatalogueTest, AnglesGoToRadiansOnlyInsideSinAndCos) {
   // Quadrilateral with diagonals 2 and 3 at 30 degrees: ½·2·3·½.
   EXPECT_NEAR(computeFigure(byName(QStringLiteral("Cuadrilátero")), {2, 3, 30}).values[1], 1.5, 1e-14);
   // The sector's n is used as typed: a quarter circle of radius 2.
