@@ -176,8 +176,8 @@ void drawRound(Sketch& s, int id) {
       s.line(o, polar(o, 110, 55));
       s.solid();
       s.measure(o + QPointF(0, 14), polar(o, 200, 0) + QPointF(0, 14), 0, {0, 12});
-      s.measure(o + QPointF(0, -8), polar(o, 110, 0) + QPointF(0, -8), 1, {0, -12});
-      s.angle(o, 40, 0, 55, 2);
+      s.measure(o + QPointF(0, -8), polar(o, 110, 0) + QPointF(0, -8), 1, {-25, -12});
+      s.angle(o, 70, 0, 55, 2);
       break;
     }
     case 3568:  // Elipse
@@ -341,6 +341,8 @@ void drawRoundSolid(Sketch& s, int id, int form) {
     case 3561: {  // Cono Oblícuo
       const QPointF b(id == 3560 ? 150 : 120, 182);
       const QPointF apex(id == 3560 ? 150 : 230, 30);
+      s.p.setPen(Qt::NoPen);
+      s.disc(b, rx, ry);
       s.side(b + QPointF(-rx, 0), apex, apex, b + QPointF(rx, 0));
       s.ring(b, rx, ry, true);
       s.measure(b, b + QPointF(-rx, 0), 0, {0, -11});
@@ -357,6 +359,8 @@ void drawRoundSolid(Sketch& s, int id, int form) {
     case 3592: {  // Tronco de Cono: R r h g
       const QPointF b(150, 185), t(150, 60);
       const double r2 = 42;
+      s.p.setPen(Qt::NoPen);
+      s.disc(b, 85, 22);
       s.side(b + QPointF(-85, 0), t + QPointF(-r2, 0), t + QPointF(r2, 0), b + QPointF(85, 0));
       s.ring(b, 85, 22, true);
       s.disc(t, r2, 12, kShade);
@@ -390,27 +394,33 @@ void drawRoundSolid(Sketch& s, int id, int form) {
       s.measure(tr + QPointF(14, 0), b + QPointF(rx + 14, 0), 2, {12, 0});
       break;
     }
-    case 3565: {  // Cuña Cilíndrica: a slice of angle n of a cylinder
-      const QPointF b(135, 180), t(135, 70);
-      const double r = 100, sq = 0.32;
+    case 3565: {  // Cuña Cilíndrica: a slice of angle n of a cylinder, opening to the front right
+      const QPointF t(105, 62), b(105, 172);
+      const double r = 150, sq = 0.35, a1 = 295, span = 80;
+      const QRectF topRect(t.x() - r, t.y() - r * sq, 2 * r, 2 * r * sq);
+      const QRectF baseRect(b.x() - r, b.y() - r * sq, 2 * r, 2 * r * sq);
       auto rim = [&](QPointF c, double a) { return polar(c, r, a, sq); };
+      s.polygon({t, rim(t, a1 + span), rim(b, a1 + span), b}, kShade);  // the far cut
+      QPainterPath curved;
+      curved.moveTo(rim(b, a1));
+      curved.arcTo(baseRect, a1, span);
+      curved.lineTo(rim(t, a1 + span));
+      curved.arcTo(topRect, a1 + span, -span);
+      curved.closeSubpath();
+      s.fill();
+      s.p.drawPath(curved);
+      s.polygon({t, rim(t, a1), rim(b, a1), b}, kShade);  // the near cut
       QPainterPath top;
       top.moveTo(t);
-      top.lineTo(rim(t, -20));
-      top.arcTo(QRectF(t.x() - r, t.y() - r * sq, 2 * r, 2 * r * sq), -20, 70);
+      top.lineTo(rim(t, a1));
+      top.arcTo(topRect, a1, span);
       top.closeSubpath();
-      s.polygon({b, rim(b, -20), rim(t, -20), t});
-      s.polygon({rim(b, -20), rim(t, -20), rim(t, 0), rim(b, 0)}, kShade);
-      s.fill(kShade);
+      s.fill(kFill);
       s.p.drawPath(top);
       s.noFill();
-      s.hidden();
-      s.line(b, rim(b, 50));
-      s.line(rim(b, 50), rim(t, 50));
-      s.solid();
-      s.measure(b, rim(b, -20), 0, {0, 12});
-      s.measure(b + QPointF(-14, 0), t + QPointF(-14, 0), 1, {-12, 0});
-      s.angle(t, 34, -20, 70, 2);
+      s.measure(t, rim(t, a1 + span), 0, {0, -12});
+      s.measure(b + QPointF(-16, 0), t + QPointF(-16, 0), 1, {-12, 0});
+      s.angle(t, 40, a1, span, 2);
       break;
     }
     case 3574: {  // Paraboloide
@@ -598,7 +608,7 @@ void drawBox(Sketch& s, int id) {
       const QPointF c(140, 190);
       std::vector<QPointF> base;
       for (int i = 0; i < 6; ++i) base.push_back(polar(c, 80, 210 + 60.0 * i, 0.38));
-      prism(s, base, {0, -120}, {3, 4});
+      prism(s, base, {0, -120}, {4});
       const QPointF tc = c + QPointF(0, -120);
       const QPointF mid = (base[0] + base[1]) / 2 + QPointF(0, -120);
       s.measure(tc, mid, 1, {-8, -8});
@@ -664,7 +674,7 @@ void drawPyramid(Sketch& s, int id, int form) {
       const std::vector<QPointF> base{c + QPointF(-w, 18), c + QPointF(w, 18), c + QPointF(w + 40, -22),
                                       c + QPointF(-w + 40, -22)};
       const QPointF centre = c + QPointF(20, -2);
-      const QPointF apex = centre + QPointF(oblique ? 85 : 0, -150);
+      const QPointF apex = centre + QPointF(oblique ? 45 : 0, -150);
       pyramid(s, base, apex, {3});
       s.letter((base[0] + base[1]) / 2 + QPointF(0, 12), 0);
       if (id == 3581) s.letter((base[1] + base[2]) / 2 + QPointF(14, 6), 1);
@@ -681,7 +691,7 @@ void drawPyramid(Sketch& s, int id, int form) {
     }
     case 3578: {  // Pirámide Oblícua: base area B, height h
       const auto base = groundPolygon(c, 95, 5, 250);
-      const QPointF apex = c + QPointF(70, -150);
+      const QPointF apex = c + QPointF(40, -150);
       pyramid(s, base, apex, {3});
       s.letter(c + QPointF(-20, 4), 0);
       s.measure(apex, QPointF(apex.x(), c.y()), 1, {12, 0});
@@ -690,7 +700,7 @@ void drawPyramid(Sketch& s, int id, int form) {
     case 3579:    // Pirámide Regular Obl. (n lados): n a b h
     case 3582: {  // Pirámide Regular (n lados): n a b c / n a b h
       const auto base = groundPolygon(c, 95, 6, 240);
-      const QPointF apex = c + QPointF(id == 3579 ? 70 : 0, -150);
+      const QPointF apex = c + QPointF(id == 3579 ? 40 : 0, -150);
       pyramid(s, base, apex, {3, 4});
       const QPointF mid = (base[0] + base[1]) / 2;
       s.measure(c, mid, 1, {-12, 0});
@@ -813,6 +823,10 @@ void drawPolyhedron(Sketch& s, int id) {
     }
     return false;
   };
+  std::vector<QPointF> outline;
+  for (size_t k : hull) outline.push_back(at(v[k]));
+  s.p.setPen(Qt::NoPen);
+  s.polygon(outline);
   // An edge of a regular solid faces the viewer when its middle does (the
   // middle points along the sum of the two faces' normals) or when it lies on
   // the outline; the others are hidden.
