@@ -271,9 +271,11 @@ void GeometryWindow::refresh() {
   Combo1->setCurrentIndex(model_.Combo1ListIndex);
   Picture3->setFigure(row.nameId, row.form.isDigit() ? row.form.digitValue() : 0, geometry::parameterLabels(row));
   QStringList formulas;
-  if (model_.formulaView && model_.hasResults()) {
+  if (model_.formulaView) {
+    // Before a calculation the view shows the row's formulas all the same.
     for (int i = 0; i < GeometryModel::kLines; ++i) {
-      if (model_.lineVisible[i]) formulas << model_.Label2[i] + QStringLiteral(":") + model_.Picture3[i];
+      const QString& text = model_.hasResults() ? model_.Picture3[i] : row.formulas[i];
+      if (model_.lineVisible[i]) formulas << model_.Label2[i] + QStringLiteral(":") + text;
     }
   }
   Picture3->setFormulas(formulas);

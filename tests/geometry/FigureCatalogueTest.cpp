@@ -213,6 +213,8 @@ const TextbookCase kTextbook[] = {
      }},
 };
 
+void PrintTo(const TextbookCase& c, std::ostream* os) { *os << c.name; }
+
 class FigureCatalogueTest : public CalvixTest {};
 class FigureTextbookFormulas : public CalvixTest, public ::testing::WithParamInterface<TextbookCase> {};
 
@@ -355,7 +357,12 @@ TEST_P(FigureTextbookFormulas, AgreeWithTheFigureForTwoParameterSets) {
 
 INSTANTIATE_TEST_SUITE_P(EveryFigure, FigureTextbookFormulas, ::testing::ValuesIn(kTextbook),
                          [](const ::testing::TestParamInfo<TextbookCase>& info) {
-                           return "row" + std::to_string(info.index + 1);
+                           // "Pirámide Regular (n lados) 1" -> "PiramideRegularnlados1"
+                           std::string name;
+                           for (QChar c : QString::fromUtf8(info.param.name).normalized(QString::NormalizationForm_D)) {
+                             if (c.isLetterOrNumber() && c.unicode() < 128) name += static_cast<char>(c.unicode());
+                           }
+                           return name;
                          });
 
 TEST_F(FigureCatalogueTest, LimitsRefuseWithTheLabelsAndTheirSign) {
