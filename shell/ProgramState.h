@@ -76,6 +76,7 @@ struct ProgramState {
   // --- Calculation state shared between modules -------------------------
   double angleFactor = 0.017453292519943295;  // radians per unit of the angle mode
   float randomBase = 100;
+  std::int16_t FigureIndex = 1;  // geometry: the catalogue row shown, 1-based
 
   // --- Function table, read by the plot and its analyses -------------------
   // pointCount is 32-bit: a table by increment has no row limit.
