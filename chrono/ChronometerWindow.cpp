@@ -291,6 +291,7 @@ QWidget* ChronometerWindow::buildAlarm() {
   connect(Text2, &QLineEdit::textEdited, this, [this] { takeBoxes(); });
   repeat->addWidget(Check2);
   repeat->addWidget(Text2);
+  repeat->addSpacing(4);
   repeat->addWidget(new QLabel(Res(425), frame));
   repeat->addStretch();
   grid->addLayout(repeat, 1, 1, 1, 2);
@@ -424,7 +425,7 @@ void ChronometerWindow::refresh() {
 
 void ChronometerWindow::refreshWarning() {
   if (model_.warning.open) warning_->showWarning(model_.warning);
-  else if (warning_->isVisible()) warning_->dismiss();
+  else if (warning_->isVisible() && !warningPicture_) warning_->dismiss();
 }
 
 // ---- Screenshot states ----------------------------------------------------------------
@@ -453,6 +454,8 @@ void ChronometerWindow::showScreenshotState(const QString& state) {
     w.seconds = QStringLiteral("45");
     w.secondsLabel = Res(419);
     w.footer = Res(451);
+    // A picture only: the model has no action pending, so nothing can follow.
+    warningPicture_ = true;
     warning_->showWarning(w);
   }
 }

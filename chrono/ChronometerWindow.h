@@ -58,7 +58,8 @@ class ChronometerWindow : public QMainWindow {
   Chronometer model_;
   bool unloaded_ = false;
   bool refreshing_ = false;
-  bool startShowsRestart_ = false;  // crono1(0) shows "start again" while running
+  bool startShowsRestart_ = false;
+  bool warningPicture_ = false;  // the screenshot tour shows the warning alone  // crono1(0) shows "start again" while running
   // Controls under their model names.
   QLabel* lblTime = nullptr;
   QLabel* lblAux = nullptr;
