@@ -354,6 +354,20 @@ TEST_F(ChronometerTest, ShutdownWarningSaysWhenUnderAMinuteAndClosingItCancels) 
   EXPECT_FALSE(platform.calls.join(u' ').contains(QStringLiteral("powerAction")));
 }
 
+TEST_F(ChronometerTest, ClosingTheChronometerTakesThePendingActionWithIt) {
+  program().accion = 2;
+  m->Check3_Click(1);
+  armAlarm("10", "00", "05");
+  m->Check1_Click(0);
+  at(6);
+  ASSERT_TRUE(m->warning.open);
+  reopen();
+  at(600);
+  EXPECT_FALSE(m->warning.open);
+  EXPECT_EQ(m->Check3, 0);
+  EXPECT_FALSE(platform.calls.join(u' ').contains(QStringLiteral("powerAction")));
+}
+
 TEST_F(ChronometerTest, ReopeningKeepsThePendingAlarmButNotOneThatRang) {
   messages.queueText(QStringLiteral("00:00:30"));
   m->menutiempo1_Click(4);
