@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "shell/AlarmIconWidget.h"
 #include "shell/PictureHolderView.h"
 #include "shell/WindowRegistry.h"
 #include "shell/WindowServices.h"
@@ -133,6 +134,7 @@ void ControlCentreWindow::buildWidgets() {
     model_.Image4_Click();
     refresh();
   });
+  top->addWidget(new AlarmIconWidget(this));  // the chronometer's armed alarm
   top->addWidget(Image4);
   outer->addLayout(top);
 

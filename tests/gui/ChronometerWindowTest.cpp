@@ -13,6 +13,7 @@
 
 #include "chrono/ChronometerWindow.h"
 #include "chrono/PowerWarningDialog.h"
+#include "shell/AlarmIconWidget.h"
 #include "shell/Clock.h"
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"
@@ -113,16 +114,23 @@ class ChronometerWindowTest : public QObject {
     ChronometerWindow w(nullptr, clock.get());
     w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QWidget other;  // another window's alarm icon
+    auto* icon = new AlarmIconWidget(&other);
+    QVERIFY(icon->isHidden());
     type(w, "Text1_0", QStringLiteral("10"));
     type(w, "Text1_1", QStringLiteral("00"));
     type(w, "Text1_2", QStringLiteral("03"));
     click(w, "Command4");
     QVERIFY(control<QCheckBox>(w, "Check1")->isChecked());
     QVERIFY(control<QLabel>(w, "Image3")->isVisible());
+    icon->refreshState();
+    QVERIFY(!icon->isHidden());
     clock->advanceBy(3000);
     QCOMPARE(guiMessages().shown().back().title, Res(441));
     QVERIFY(!control<QCheckBox>(w, "Check1")->isChecked());
     QVERIFY(recorder.calls.contains(QStringLiteral("beep")));
+    icon->refreshState();
+    QVERIFY(icon->isHidden());
   }
 
   void powerActionCancelledInItsWarningWindow() {
