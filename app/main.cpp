@@ -7,6 +7,7 @@
 #include "calc/CalculatorWindow.h"
 #include "convert/ConverterWindow.h"
 #include "elements/PeriodicTableWindow.h"
+#include "chrono/ChronometerWindow.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
 #include "geometry/GeometryWindow.h"
@@ -47,6 +48,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::PeriodicTable, [] { return new PeriodicTableWindow; });
   registerWindowFactory(WindowId::Banking, [] { return new BankWindow; });
   registerWindowFactory(WindowId::Geometry, [] { return new GeometryWindow; });
+  registerWindowFactory(WindowId::Chronometer, [] { return new ChronometerWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "shell/LanguageService.h"
+#include "shell/AlarmIconWidget.h"
 #include "shell/PictureHolderView.h"
 #include "shell/WindowRegistry.h"
 #include "shell/WindowServices.h"
@@ -144,6 +145,7 @@ void ControlCentreWindow::buildWidgets() {
     model_.Image4_Click();
     refresh();
   });
+  top->addWidget(new AlarmIconWidget(this));  // the chronometer's armed alarm
   top->addWidget(Image4);
   outer->addLayout(top);
 

@@ -1,5 +1,6 @@
 #include "shell/DesktopPlatform.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QEventLoop>
@@ -141,3 +142,5 @@ bool LinuxPlatform::runCommand(const QString& program, const QStringList& argume
 }
 
 void LinuxPlatform::endProgram() { QCoreApplication::exit(0); }
+
+void LinuxPlatform::beep() { QApplication::beep(); }

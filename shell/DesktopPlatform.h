@@ -30,6 +30,7 @@ class LinuxPlatform : public QObject, public Platform {
   bool removeFont(const QString& path) override;
   bool runCommand(const QString& program, const QStringList& arguments) override;
   void endProgram() override;
+  void beep() override;
 
   // The commands a power action runs, first choice first (the rest are tried
   // when one cannot be started). Public so the mapping can be read and checked.

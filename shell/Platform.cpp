@@ -65,3 +65,4 @@ bool RecordingPlatform::runCommand(const QString& program, const QStringList& ar
   return true;
 }
 void RecordingPlatform::endProgram() { calls << QStringLiteral("endProgram"); }
+void RecordingPlatform::beep() { calls << QStringLiteral("beep"); }

@@ -33,6 +33,8 @@ class Platform {
   }
   // Ends the program at once, as after a shutdown order.
   virtual void endProgram() {}
+  // The system's short warning sound.
+  virtual void beep() {}
 };
 
 // The user's login name: $USER, or, where no session set it (a service, a
@@ -59,6 +61,7 @@ class RecordingPlatform : public Platform {
   bool removeFont(const QString& path) override;
   bool runCommand(const QString& program, const QStringList& arguments) override;
   void endProgram() override;
+  void beep() override;
 
   QStringList calls;
   QString user = QStringLiteral("tester");

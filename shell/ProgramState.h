@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QString>
 #include <QStringList>
+#include <QVariantMap>
 #include <array>
 #include <cstdint>
 
@@ -84,6 +85,11 @@ struct ProgramState {
   std::int16_t sourceColumn = 1;   // column of F for derivatives and the plot (5 while smoothed)
   std::int16_t hasG = 0;           // -1 when column 6 holds G(x)
   QString titleF, titleG, titleX, titleY;  // default texts of the plot
+
+  // --- Chronometer: its power action, and what its window keeps from one
+  // opening to the next (mode, options, the armed alarm, the "hasonado" mark)
+  std::int16_t accion = 0;    // 1 "Suspender", 2 "SalvaPant.", any other "Apagar"
+  QVariantMap AlarmRegistry;
 
   // --- Statistics store: the calculator's data, read by charts and tools --
   StatisticsStore stats;

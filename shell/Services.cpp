@@ -393,5 +393,7 @@ void SystemAction(int mode, int osFamily) {
     constexpr std::int32_t kScreenSave = 61760;  // 0xF140
     const std::int32_t command = osFamily == 2 ? std::int32_t{static_cast<std::int16_t>(-3776)} : kScreenSave;
     if ((command & 0xFFF0) == kScreenSave) platform().powerAction(QStringLiteral("screensaver"));
+    return;
   }
+  if (mode == 2) platform().powerAction(QStringLiteral("suspend"));  // the same on either family
 }

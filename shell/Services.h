@@ -104,5 +104,6 @@ QString soundPath(const QString& fileName);
 // Waits, with events running, for the seconds given.
 void Delay(float seconds);
 // Mode 0 shuts the computer down and ends the program; mode 1 starts the
-// screen saver. osFamily is the user's "VERSION WINDOWS" choice.
+// screen saver; mode 2 suspends the computer. osFamily is the user's
+// "VERSION WINDOWS" choice.
 void SystemAction(int mode, int osFamily);

@@ -297,6 +297,9 @@ TEST_F(ServicesTest, SystemActionMapsEachModeAndFamily) {
     recording.calls.clear();
     SystemAction(1, family);
     EXPECT_EQ(recording.calls, QStringList(QStringLiteral("powerAction screensaver"))) << family;
+    recording.calls.clear();
+    SystemAction(2, family);  // suspend: the same call on every family
+    EXPECT_EQ(recording.calls, QStringList(QStringLiteral("powerAction suspend"))) << family;
   }
 }
 
