@@ -35,7 +35,15 @@ int headOf(const QString& line) {
   return okMonth && okDay ? month * 100 + day : -1;
 }
 
+// The titles of the list's messages: "Calvix  -  Calendario  -  Archivos".
+void enterSection() {
+  ProgramState& p = program();
+  p.MainMenuTitle = Res(3766);
+  p.SectionTitle = Res(2915);
+}
+
 QString title(int id) {
+  enterSection();
   return QStringLiteral("Calvix  -  ") + program().SectionTitle + QStringLiteral("  -  ") + Res(id);
 }
 
@@ -72,7 +80,10 @@ QString eventKey(double date) {
 
 EventList::EventList() : selected_(std::floor(rt::Today())) {}
 
-void EventList::report(int code) { ReportError(code, kMessageSound, kMessageStyle, 0); }
+void EventList::report(int code) {
+  failure_ = code;
+  ReportError(code, kMessageSound, kMessageStyle, 0);
+}
 
 bool EventList::matches(const QString& line, int view) const {
   const int head = headOf(line);
@@ -146,21 +157,21 @@ bool EventList::offerSave(const QString& boxTitle) {
 }
 
 bool EventList::FileAbre_Click() {
-  program().SectionTitle = Res(2915);
+  enterSection();
   if (!offerSave(title(253)) || !fileDialog) return false;
   const QString path = fileDialog({Res(253), Res(254), program().AppFolder.toText() + QStringLiteral("datos/"), false});
   return !path.isEmpty() && openFile(path);
 }
 
 bool EventList::FileGuarda_Click() {
-  program().SectionTitle = Res(2915);
+  enterSection();
   if (!fileDialog) return false;
   const QString path = fileDialog({Res(255), Res(254), program().AppFolder.toText() + QStringLiteral("datos/"), true});
   return !path.isEmpty() && saveFile(path);
 }
 
 bool EventList::NuevoFile_Click() {
-  program().SectionTitle = Res(2915);
+  enterSection();
   if (!offerSave(title(282))) return false;
   events_.clear();
   fileName_.clear();
@@ -172,7 +183,7 @@ bool EventList::NuevoFile_Click() {
 bool EventList::queryClose() { return offerSave(title(263)); }
 
 bool EventList::openFile(const QString& path) {
-  program().SectionTitle = Res(2915);
+  enterSection();
   if (!hasAgeExtension(path)) {
     report(901);
     return false;
@@ -195,7 +206,7 @@ bool EventList::openFile(const QString& path) {
 }
 
 bool EventList::saveFile(const QString& path) {
-  program().SectionTitle = Res(2915);
+  enterSection();
   if (!hasAgeExtension(path)) {
     report(900);
     return false;
@@ -213,7 +224,7 @@ bool EventList::saveFile(const QString& path) {
 }
 
 bool EventList::MonthView1_DblClick(double date) {
-  program().SectionTitle = Res(2915);
+  enterSection();
   selected_ = std::floor(date);
   MBoxShow(0, rt::FormatDate(date, QStringLiteral("dd - mmmm")) + QStringLiteral("  ") + Res(265), 5, kOkCancel, 0,
            title(264));
@@ -229,7 +240,7 @@ bool EventList::editEvent(int shownIndex) {
   if (shownIndex < 0 || shownIndex >= shown.size()) return false;
   const QString line = shown.at(shownIndex);
   const QString head = line.left(7);  // "mm/dd  "
-  program().SectionTitle = Res(2915);
+  enterSection();
   program().MessageDefault = rt::Variant::text(line.mid(7));
   MBoxShow(0, Res(260), 5, kOkCancel, 0, title(258));
   const ProgramState& p = program();
@@ -244,7 +255,7 @@ bool EventList::editEvent(int shownIndex) {
 bool EventList::deleteEvent(int shownIndex) {
   const QStringList shown = List1();
   if (shownIndex < 0 || shownIndex >= shown.size()) return false;
-  program().SectionTitle = Res(2915);
+  enterSection();
   program().MessageSound = kMessageSound;
   MBoxShow(kMessageStyle, Res(262), 1, 6, 0, title(259));
   if (program().MessageResult != 0) return false;

@@ -69,6 +69,11 @@ class EventList {
   // At closing: the save offer under title 263. False when cancelled.
   bool queryClose();
 
+  // The error code (900, 901, 906, 907) of the last refused or failed file
+  // action since clearFailure, 0 when none.
+  int failure() const { return failure_; }
+  void clearFailure() { failure_ = 0; }
+
   // Open and save without the dialog (extension rule, reading, writing).
   bool openFile(const QString& path);
   bool saveFile(const QString& path);
@@ -86,6 +91,7 @@ class EventList {
   bool changed_ = false;
   double selected_ = 0;
   int view_ = kAll;
+  int failure_ = 0;
 };
 
 }  // namespace calendar

@@ -98,6 +98,10 @@ std::optional<SaintsRow> SaintsTable::santobusca_Click() {
   const ProgramState& p = program();
   const QString text = p.MessageValue.toText().trimmed();
   if (p.MessageResult != 0 || text.isEmpty()) return std::nullopt;
+  return find(text);
+}
+
+std::optional<SaintsRow> SaintsTable::find(const QString& text) {
   auto found = search(text);
   if (!found) notFound();
   return found;

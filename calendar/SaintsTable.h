@@ -31,7 +31,10 @@ class SaintsTable {
   // (or 352 when nothing was found yet).
   std::optional<SaintsRow> santobuscasig_Click();
 
-  // The searches without their questions.
+  // santobusca once its question is answered: the find, or message 352.
+  std::optional<SaintsRow> find(const QString& text);
+
+  // The searches without their messages.
   std::optional<SaintsRow> search(const QString& text);
   std::optional<SaintsRow> searchNext();
   const QString& searchText() const { return searchText_; }
