@@ -4,6 +4,7 @@
 
 #include "app/ScreenshotTour.h"
 #include "calc/CalculatorWindow.h"
+#include "calendar/CalendarWindow.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
 #include "shell/ControlCentreWindow.h"
@@ -35,6 +36,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
   registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
+  registerWindowFactory(WindowId::Calendar, [] { return new CalendarWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
