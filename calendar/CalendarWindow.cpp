@@ -19,7 +19,9 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "calendar/CalendarOperationsDialog.h"
 #include "calendar/DateInfo.h"
+#include "shell/MessageService.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
@@ -241,6 +243,26 @@ void CalendarWindow::buildMenus() {
   };
   item(santo, QStringLiteral("santobusca"), Res(309), [this, go] { go(model_->saints.santobusca_Click()); });
   item(santo, QStringLiteral("santobuscasig"), Res(310), [this, go] { go(model_->saints.santobuscasig_Click()); });
+
+  QMenu* tools = menuBar()->addMenu(Res(321));
+  tools->setObjectName(QStringLiteral("operacalMenu"));
+  item(tools, QStringLiteral("operacal"), Res(321), [this] {
+    CalendarOperationsDialog dialog(model_->selected(), this);
+    dialog.exec();
+  });
+  item(tools, QStringLiteral("DefRemainder1"), Res(340), [this] { defineDate(0); });
+  item(tools, QStringLiteral("DefRemainder2"), Res(341), [this] { defineDate(1); });
+}
+
+void CalendarWindow::defineDate(int which) {
+  ProgramState& p = program();
+  const double current = p.CalendarDates[static_cast<size_t>(which)];
+  setMessageDate(current == 0 ? model_->selected() : current);
+  MBoxShow(0, Res(332), 5, 3, 0, Res(301) + QStringLiteral("  -  ") + Res(327));
+  if (p.MessageResult != 0) return;
+  const double chosen = p.MessageValue.toDouble();
+  if (chosen != 0) p.CalendarDates[static_cast<size_t>(which)] = std::floor(chosen);
+  refresh();
 }
 
 void CalendarWindow::fileAction(bool (calendar::EventList::*handler)()) {

@@ -47,6 +47,8 @@ class CalendarWindow : public QMainWindow {
   void buildMenus();
   void fillMonth(QTableWidget* grid, int year, int month, bool full) const;
   void cellClicked(int row, int column, bool twice);
+  // DefRemainder: the date message writes date 1 or 2 of "FECHAS CALENDARIO".
+  void defineDate(int which);
   void fileAction(bool (calendar::EventList::*handler)());
   QString fileDialog(const calendar::EventList::FileDialogRequest& request);
 

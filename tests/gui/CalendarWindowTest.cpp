@@ -5,12 +5,16 @@
 // pictures drawn lit and dark by their index.
 #include <QAction>
 #include <QComboBox>
+#include <QDateEdit>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QTableWidget>
 #include <QTest>
 
+#include "calendar/CalendarOperationsDialog.h"
 #include "calendar/CalendarWindow.h"
 #include "shell/ProgramState.h"
 #include "shell/runtime/DateTime.h"
@@ -102,6 +106,28 @@ class CalendarWindowTest : public QObject {
     auto* january = year->findChild<QTableWidget*>(QStringLiteral("Month1"));
     QTest::mouseClick(january->viewport(), Qt::RightButton, {}, QPoint(20, 20));
     QTRY_VERIFY(!year);
+  }
+
+  void operationsShowTheDifferenceAndTheAddition() {
+    CalendarOperationsDialog d(rt::DateSerial(2000, 12, 31));
+    d.findChild<QDateEdit*>(QStringLiteral("DTPicker2"))->setDate(QDate(2001, 1, 1));
+    QTest::mouseClick(d.findChild<QPushButton*>(QStringLiteral("Calcular")), Qt::LeftButton);
+    QVERIFY(d.resultText().contains(QStringLiteral("Años:      1\nMeses:     1\nSemanas:   0\nDías:      1")));
+    d.findChild<QSpinBox*>(QStringLiteral("amount"))->setValue(-2);
+    d.findChild<QComboBox*>(QStringLiteral("unit"))->setCurrentIndex(1);
+    QTest::mouseClick(d.findChild<QPushButton*>(QStringLiteral("Incremento")), Qt::LeftButton);
+    QVERIFY(d.resultText().contains(QStringLiteral(" menos 2 Meses da como resultado: ")));
+    QVERIFY(d.resultText().endsWith(QStringLiteral("10/31/2000")));
+  }
+
+  void definingAStoredDateFillsTheCountdown() {
+    CalendarWindow w;
+    w.model().select(rt::DateSerial(2024, 12, 15));
+    guiMessages().queueText(QStringLiteral("25/12/2024"));
+    w.findChild<QAction*>(QStringLiteral("DefRemainder1"))->trigger();
+    QCOMPARE(program().CalendarDates[0], rt::DateSerial(2024, 12, 25));
+    auto* panel = w.findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"));
+    QCOMPARE(panel->item(1, 1)->text(), QStringLiteral("Faltan 10 Días para el 12/25/2024"));
   }
 
   void moonPicturesAreDarkWhenNewAndLitWhenFull() {
