@@ -20,6 +20,7 @@
 #include <cmath>
 
 #include "calendar/CalendarOperationsDialog.h"
+#include "calendar/CalendarPrint.h"
 #include "calendar/DateInfo.h"
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
@@ -188,6 +189,12 @@ void CalendarWindow::buildMenus() {
   item(archivo, QStringLiteral("NuevoFile"), Res(282), [this] { fileAction(&calendar::EventList::NuevoFile_Click); });
   item(archivo, QStringLiteral("FileAbre"), Res(715), [this] { fileAction(&calendar::EventList::FileAbre_Click); });
   item(archivo, QStringLiteral("FileGuarda"), Res(60), [this] { fileAction(&calendar::EventList::FileGuarda_Click); });
+  archivo->addSeparator();
+  QMenu* PrintCalenda = archivo->addMenu(Res(55));
+  PrintCalenda->setObjectName(QStringLiteral("PrintCalenda"));
+  item(PrintCalenda, QStringLiteral("imprecal"), Res(270), [this] { calendar::imprecal_Click(*model_); });
+  item(PrintCalenda, QStringLiteral("PrintFecha"), Res(277), [this] { calendar::PrintFecha_Click(*model_); });
+  item(PrintCalenda, QStringLiteral("imprimeLista"), Res(252), [this] { calendar::imprimeLista_Click(*model_); });
   archivo->addSeparator();
   item(archivo, QStringLiteral("Salir"), Res(59), [this] { close(); });
 
