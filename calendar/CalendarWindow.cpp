@@ -53,6 +53,14 @@ class YearView : public QWidget {
   }
 };
 
+// "CALENDARIO color " n as a colour: red in the low byte.
+QColor settingColour(int n, QColor fallback) {
+  const rt::Variant& v = program().CalendarColours[static_cast<size_t>(n)];
+  if (v.isEmpty()) return fallback;
+  const auto bgr = static_cast<std::uint32_t>(v.toDouble());
+  return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF), static_cast<int>((bgr >> 16) & 0xFF));
+}
+
 QString dialogFilter(const QString& classic) {
   // "Description (*.age)|*.age|" -> "Description (*.age)"
   return classic.section(QLatin1Char('|'), 0, 0);
@@ -309,7 +317,9 @@ void CalendarWindow::fillMonth(QTableWidget* grid, int year, int month, bool ful
       auto* it = new QTableWidgetItem(inMonth || full ? QString::number(rt::Day(d)) : QString());
       it->setTextAlignment(Qt::AlignCenter);
       it->setData(Qt::UserRole, d);
-      if (!inMonth) it->setForeground(QColor(0xB0, 0xB0, 0xB0));
+      // Colours 2, 3, 5: the month's background, its days, the days of the next and last months.
+      it->setBackground(settingColour(2, Qt::white));
+      it->setForeground(inMonth ? settingColour(3, Qt::black) : settingColour(5, QColor(0xB0, 0xB0, 0xB0)));
       if (inMonth && eventDays.contains(calendar::eventKey(d))) {
         QFont f = it->font();
         f.setBold(true);
@@ -324,6 +334,11 @@ void CalendarWindow::fillMonth(QTableWidget* grid, int year, int month, bool ful
 
 void CalendarWindow::refresh() {
   calendar::CalendarModel& m = *model_;
+  // Colours 1 and 4: the title's background and text; 6 the window's background.
+  monthLabel->setStyleSheet(QStringLiteral("font-weight: bold; padding: 3px; background: %1; color: %2")
+                                .arg(settingColour(1, QColor(0x80, 0x80, 0xC0)).name(),
+                                     settingColour(4, QColor(0xFF, 0xC0, 0x80)).name()));
+  MonthView1->setStyleSheet(QStringLiteral("QTableWidget { background: %1 }").arg(settingColour(6, Qt::white).name()));
   monthLabel->setText(rt::FormatDate(rt::DateSerial(m.year(), m.month(), 1), QStringLiteral("mmmm yyyy")));
   fillMonth(MonthView1, m.year(), m.month(), true);
   for (int r = 0; r < kGridRows; ++r)
