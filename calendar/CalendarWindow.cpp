@@ -72,7 +72,7 @@ CalendarWindow::CalendarWindow(QWidget* parent)
     : QMainWindow(parent), model_(std::make_unique<calendar::CalendarModel>()) {
   setObjectName(QStringLiteral("Form4"));
   setWindowTitle(Res(301));
-  setProperty("screenshotStates", QStringList{QStringLiteral("events"), QStringLiteral("info"), QStringLiteral("year")});
+  setProperty("screenshotStates", QStringList{QStringLiteral("events"), QStringLiteral("info"), QStringLiteral("operations"), QStringLiteral("year")});
   model_->events.fileDialog = [this](const calendar::EventList::FileDialogRequest& r) { return fileDialog(r); };
 
   auto* central = new QWidget(this);
@@ -415,6 +415,14 @@ QWidget* CalendarWindow::calano_Click() {
 void CalendarWindow::showScreenshotState(const QString& state) {
   if (state == QLatin1String("year")) {
     calano_Click();
+    return;
+  }
+  if (state == QLatin1String("operations")) {
+    auto* dialog = new CalendarOperationsDialog(model_->selected(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->move(geometry().topLeft() + QPoint(40, 60));
+    dialog->show();
+    dialog->Calcular_Click();
     return;
   }
   program().CalendarInfo = {false, true, true, true, true, true};

@@ -37,7 +37,7 @@ class CalendarWindow : public QMainWindow {
   static QPixmap zodiacPicture(int sign, int size);
 
  public Q_SLOTS:
-  // For the screenshot tour: "events", "info", "year".
+  // For the screenshot tour: "events", "info", "operations", "year".
   void showScreenshotState(const QString& state);
 
  protected:
