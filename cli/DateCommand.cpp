@@ -5,8 +5,9 @@
 //   calvix-cli date add D N yyyy|m|w|d
 //   calvix-cli date saints D
 //   calvix-cli date saints --search TEXT [--next N]
-//   calvix-cli date events [--date D] [--show K] ACTION...
-//       ACTION: --open F | --save F | --new | --add D | --delete N
+//   calvix-cli date events ACTION...
+//       ACTION: --open F | --save F | --new | --add D | --delete N | --date D | --show K
+//       (run in the order given)
 //
 // Dates are typed YYYY-MM-DD. Message boxes take the --answer values in turn.
 #include <QDate>
@@ -179,36 +180,24 @@ int runEvents(CliContext& ctx) {
   int code = 0;
   QString pendingFile;
   list.fileDialog = [&](const calendar::EventList::FileDialogRequest&) { return pendingFile; };
-  // --date and --show may stand anywhere; they set the state the list is shown in.
-  QString dateText, showText;
-  double selected = std::floor(rt::Today());
-  if (ctx.takeOption(QStringLiteral("--date"), dateText)) {
-    const auto d = parseDate(dateText);
-    if (!d) return ctx.usage(QStringLiteral("dates are typed YYYY-MM-DD"));
-    selected = *d;
-  }
-  int view = 0;
-  if (ctx.takeOption(QStringLiteral("--show"), showText)) {
-    bool ok = false;
-    view = showText.toInt(&ok);
-    if (!ok || view < 0 || view > 4) return ctx.usage(QStringLiteral("--show takes 0 to 4"));
-  }
-  // Check every action before running any.
+  // Check every action before running any: a bad one is bad usage.
+  const QStringList valued{QStringLiteral("--open"), QStringLiteral("--save"), QStringLiteral("--add"),
+                           QStringLiteral("--delete"), QStringLiteral("--date"), QStringLiteral("--show")};
   for (int i = 0; i < args.size(); ++i) {
     const QString& a = args.at(i);
     if (a == QLatin1String("--new")) continue;
-    if (a != QLatin1String("--open") && a != QLatin1String("--save") && a != QLatin1String("--add") &&
-        a != QLatin1String("--delete"))
-      return ctx.usage(QStringLiteral("unknown events action ") + a);
+    if (!valued.contains(a)) return ctx.usage(QStringLiteral("unknown events action ") + a);
     if (i + 1 >= args.size()) return ctx.usage(a + QStringLiteral(" needs a value"));
     const QString& v = args.at(++i);
-    if (a == QLatin1String("--add") && !parseDate(v)) return ctx.usage(QStringLiteral("dates are typed YYYY-MM-DD"));
+    if ((a == QLatin1String("--add") || a == QLatin1String("--date")) && !parseDate(v))
+      return ctx.usage(QStringLiteral("dates are typed YYYY-MM-DD"));
     bool ok = false;
     if (a == QLatin1String("--delete") && (v.toInt(&ok) < 1 || !ok))
       return ctx.usage(QStringLiteral("--delete takes a line number from 1"));
+    if (a == QLatin1String("--show") && (v.toInt(&ok) < 0 || !ok || v.toInt() > 4))
+      return ctx.usage(QStringLiteral("--show takes 0 to 4"));
   }
-  list.select(selected);
-  list.setView(view);
+  // In the order given; a double click on a date selects it, as in the month view.
   for (int i = 0; i < args.size(); ++i) {
     const QString& a = args.at(i);
     const QString v = a == QLatin1String("--new") ? QString() : args.at(++i);
@@ -223,9 +212,12 @@ int runEvents(CliContext& ctx) {
       list.NuevoFile_Click();
     } else if (a == QLatin1String("--add")) {
       list.MonthView1_DblClick(*parseDate(v));
-      list.select(selected);
-    } else {
+    } else if (a == QLatin1String("--delete")) {
       list.deleteEvent(v.toInt() - 1);
+    } else if (a == QLatin1String("--date")) {
+      list.select(*parseDate(v));
+    } else {
+      list.setView(v.toInt());
     }
     if (list.failure() != 0) {
       code = 1;

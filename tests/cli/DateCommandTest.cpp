@@ -104,6 +104,12 @@ TEST(DateCommand, EventsAddSaveOpenAndAFailedOpenKeepsTheList) {
                                       "1", "--answer", "0"});
   EXPECT_EQ(json(d).value("List1").toArray(), QJsonArray({"03/19  Santo de Pepe"}));
   EXPECT_EQ(json(d).value("forDate").toString(), QStringLiteral("No hay Eventos Programados para esta Fecha"));
+  // Actions run in order: line 1 of the date's view is 03/19; a double click selects its date.
+  const CliRun v = runCli(QStringList{"--json", "date", "events", "--open", file, "--date", "2024-03-19", "--show", "2",
+                                      "--delete", "1", "--answer", "0", "--show", "0", "--add", "2024-05-05",
+                                      "--answer", "Mayo"});
+  EXPECT_EQ(json(v).value("List1").toArray(), QJsonArray({"01/06  Reyes", "05/05  Mayo"}));
+  EXPECT_EQ(json(v).value("forDate").toString(), QStringLiteral("Hay 1 Eventos Programados para esta Fecha"));
   const CliRun n = runCli(QStringList{"date", "events", "--open", file, "--delete", "1", "--answer", "0", "--new",
                                       "--answer", "1"});
   EXPECT_EQ(n.exitCode, 0);
