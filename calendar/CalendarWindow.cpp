@@ -24,6 +24,8 @@
 #include "calendar/DateInfo.h"
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
+#include "shell/Services.h"
+#include "shell/WindowRegistry.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
 #include "shell/runtime/Format.h"
@@ -31,6 +33,7 @@
 namespace {
 
 constexpr int kGridRows = 6;
+constexpr int kHelpTopic = 100000;  // the calendar's help page
 
 // The year view: twelve small months; a right-click anywhere closes it.
 class YearView : public QWidget {
@@ -267,6 +270,11 @@ void CalendarWindow::buildMenus() {
   });
   item(tools, QStringLiteral("DefRemainder1"), Res(340), [this] { defineDate(0); });
   item(tools, QStringLiteral("DefRemainder2"), Res(341), [this] { defineDate(1); });
+
+  QMenu* contextcal = menuBar()->addMenu(QStringLiteral("&?"));
+  contextcal->setObjectName(QStringLiteral("contextcal"));
+  item(contextcal, QStringLiteral("temasAyucal"), Res(324), [] { ContextHelp(kHelpTopic); });
+  item(contextcal, QStringLiteral("calcerca"), Res(325), [] { OpenWindow(WindowId::About); });
 }
 
 void CalendarWindow::defineDate(int which) {
