@@ -11,7 +11,6 @@
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
-#include "shell/runtime/Format.h"
 
 namespace calendar {
 
@@ -50,7 +49,10 @@ QString SaintsTable::defaultPath() {
 SaintsTable::SaintsTable(QString path) : path_(std::move(path)) {}
 
 QString SaintsTable::saintsOf(double date) const {
-  const QString key = rt::FormatDate(date, QStringLiteral("dd/mm")) + QStringLiteral("/2003");
+  // The stored rows always write "/", whatever the system's date separator.
+  const QString key = QStringLiteral("%1/%2/2003")
+                          .arg(rt::Day(date), 2, 10, QLatin1Char('0'))
+                          .arg(rt::Month(date), 2, 10, QLatin1Char('0'));
   QString saints;
   withDatabase(path_, [&](QSqlDatabase& db) {
     QSqlQuery q(db);
