@@ -145,7 +145,8 @@ CalendarWindow::CalendarWindow(QWidget* parent)
   frameLayout->addLayout(pictures);
   right->addWidget(Frame1, 3);
 
-  auto* eventsBox = new QGroupBox(Res(3768), central);
+  eventsBox = new QGroupBox(Res(3768), central);
+  eventsBox->setObjectName(QStringLiteral("eventsBox"));
   auto* eventsLayout = new QVBoxLayout(eventsBox);
   viewCombo = new QComboBox(eventsBox);
   viewCombo->setObjectName(QStringLiteral("viewCombo"));
@@ -215,6 +216,9 @@ void CalendarWindow::buildMenus() {
     model_->select(std::floor(rt::Today()));
     refresh();
   });
+  calhoy = item(visual0, QStringLiteral("calhoy"), Res(304), [this] { refresh(); });
+  calhoy->setCheckable(true);
+  calhoy->setChecked(true);
   MostSem = item(visual0, QStringLiteral("MostSem"), Res(305), [this] {
     model_->showWeekNumbers = MostSem->isChecked();
     refresh();
@@ -251,6 +255,9 @@ void CalendarWindow::buildMenus() {
   toggle(QStringLiteral("santoral"), 307, 3);
   Moon = toggle(QStringLiteral("Moon"), 375, 4);
   horoscopo = toggle(QStringLiteral("horoscopo"), 385, 5);
+  Events = item(visual0, QStringLiteral("Events"), Res(398), [this] { eventsBox->setVisible(Events->isChecked()); });
+  Events->setCheckable(true);
+  Events->setChecked(true);
 
   QMenu* santo = menuBar()->addMenu(Res(307));
   santo->setObjectName(QStringLiteral("santoralMenu"));
@@ -335,6 +342,13 @@ void CalendarWindow::fillMonth(QTableWidget* grid, int year, int month, bool ful
         it->setForeground(QColor(0xC0, 0x00, 0x00));
       }
       if (rt::Weekday(d) == 1 && inMonth) it->setBackground(QColor(0xF0, 0xE8, 0xE8));
+      if (full && calhoy && calhoy->isChecked() && d == std::floor(rt::Today())) {
+        QFont f = it->font();
+        f.setUnderline(true);
+        f.setBold(true);
+        it->setFont(f);
+        it->setBackground(QColor(0xFF, 0xF0, 0xA0));
+      }
       grid->setItem(r, c + 1, it);
     }
   }

@@ -62,6 +62,9 @@ class CalendarWindow : public QMainWindow {
   QListWidget* List1 = nullptr;
   QComboBox* viewCombo = nullptr;
   QLabel* forDate = nullptr;
+  QGroupBox* eventsBox = nullptr;
+  QAction* calhoy = nullptr;
+  QAction* Events = nullptr;
   QAction* MostSem = nullptr;
   QAction* Moon = nullptr;
   QAction* horoscopo = nullptr;

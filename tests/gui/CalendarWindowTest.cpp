@@ -96,6 +96,8 @@ class CalendarWindowTest : public QObject {
     w.findChild<QAction*>(QStringLiteral("Moon"))->trigger();
     QVERIFY(!moon->isVisible());
     QVERIFY(!program().CalendarInfo[4]);
+    w.findChild<QAction*>(QStringLiteral("Events"))->trigger();
+    QVERIFY(!w.findChild<QWidget*>(QStringLiteral("eventsBox"))->isVisible());
   }
 
   void yearViewClosesOnARightClick() {
