@@ -22,6 +22,8 @@ constexpr int kMessageSound = 3;
 constexpr int kMessageStyle = 4;
 constexpr int kYesNoCancel = 7;
 constexpr int kOkCancel = 3;
+constexpr int kYesNo = 6;
+constexpr int kQuestionKind = 2;  // a question: buttons only, no field
 
 bool hasAgeExtension(const QString& path) { return path.right(3).toLower() == QLatin1String("age"); }
 
@@ -148,7 +150,7 @@ bool EventList::offerSave(const QString& boxTitle) {
   program().MessageSound = kMessageSound;
   MBoxShow(kMessageStyle,
            Res(2800) + QStringLiteral(":  ") + Res(2917) + QLatin1Char('\n') + Res(2918) + QLatin1Char('\n') + Res(2919),
-           1, kYesNoCancel, 0, boxTitle);
+           kQuestionKind, kYesNoCancel, 0, boxTitle);
   switch (program().MessageResult) {
     case 0: return FileGuarda_Click();
     case 1: return true;
@@ -257,7 +259,7 @@ bool EventList::deleteEvent(int shownIndex) {
   if (shownIndex < 0 || shownIndex >= shown.size()) return false;
   enterSection();
   program().MessageSound = kMessageSound;
-  MBoxShow(kMessageStyle, Res(262), 1, 6, 0, title(259));
+  MBoxShow(kMessageStyle, Res(262), kQuestionKind, kYesNo, 0, title(259));
   if (program().MessageResult != 0) return false;
   events_.removeAt(events_.indexOf(shown.at(shownIndex)));
   changed_ = true;

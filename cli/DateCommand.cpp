@@ -179,7 +179,13 @@ int runEvents(CliContext& ctx) {
   QStringList& args = ctx.args;
   int code = 0;
   QString pendingFile;
-  list.fileDialog = [&](const calendar::EventList::FileDialogRequest&) { return pendingFile; };
+  QString action;
+  // F answers the dialog of its own action. The save dialog of a save offer
+  // (before --open or --new) keeps the list's own file, cancelled when it has none.
+  list.fileDialog = [&](const calendar::EventList::FileDialogRequest& r) {
+    if (r.save && action != QLatin1String("--save")) return list.fileName();
+    return pendingFile;
+  };
   // Check every action before running any: a bad one is bad usage.
   const QStringList valued{QStringLiteral("--open"), QStringLiteral("--save"), QStringLiteral("--add"),
                            QStringLiteral("--delete"), QStringLiteral("--date"), QStringLiteral("--show")};
@@ -201,6 +207,7 @@ int runEvents(CliContext& ctx) {
   for (int i = 0; i < args.size(); ++i) {
     const QString& a = args.at(i);
     const QString v = a == QLatin1String("--new") ? QString() : args.at(++i);
+    action = a;
     list.clearFailure();
     if (a == QLatin1String("--open")) {
       pendingFile = v;

@@ -140,7 +140,7 @@ TEST_F(EventListTest, NewEditAndDeleteThroughTheirMessages) {
   EXPECT_EQ(messages.shown().back().defaultText, QStringLiteral("Cumpleaños"));
   EXPECT_EQ(list.events(), QStringList{QStringLiteral("02/29  Fiesta")});
 
-  messages.queueButton(1);  // "No" keeps it
+  messages.queueAnswer(QStringLiteral("1"));  // "No", as calvix-cli answers: the question has no field
   EXPECT_FALSE(list.deleteEvent(0));
   EXPECT_EQ(messages.shown().back().text, QStringLiteral("¿ Eliminar Evento ?"));
   messages.queueButton(0);
@@ -152,7 +152,7 @@ TEST_F(EventListTest, NewEditAndDeleteThroughTheirMessages) {
 TEST_F(EventListTest, TheSaveOfferComesBeforeOpeningAndNew) {
   fill();
   nextPath = file("kept.age");
-  messages.queueButton(2);  // cancel: nothing happens
+  messages.queueAnswer(QStringLiteral("2"));  // cancel: nothing happens
   EXPECT_FALSE(list.NuevoFile_Click());
   EXPECT_EQ(list.events().size(), 5);
   EXPECT_TRUE(messages.shown().back().text.contains(QStringLiteral("Lista de Eventos ha sido modificada")));

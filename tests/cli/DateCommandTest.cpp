@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+#include "calendar/EventList.h"
 #include "shell/runtime/SequentialFile.h"
 #include "tests/support/TestSupport.h"
 
@@ -114,4 +115,14 @@ TEST(DateCommand, EventsAddSaveOpenAndAFailedOpenKeepsTheList) {
                                       "--answer", "1"});
   EXPECT_EQ(n.exitCode, 0);
   EXPECT_TRUE(n.out.isEmpty());
+  EXPECT_EQ(calendar::readAgeFile(rt::readWholeFile(file))->size(), 2);  // "No": the file unchanged
+
+  // "Yes" to the offer before opening saves the changed list over its own file first.
+  const QString other = dir.filePath(QStringLiteral("other.age"));
+  rt::writeWholeFile(other, QByteArray("1\r\n\"12/25  Navidad\"\r\n"));
+  const CliRun y = runCli(QStringList{"date", "events", "--open", file, "--delete", "1", "--answer", "0", "--open",
+                                      other, "--answer", "0"});
+  EXPECT_EQ(y.exitCode, 0) << y.err.toStdString();
+  EXPECT_EQ(lines(y), QStringList({"12/25  Navidad"}));
+  EXPECT_EQ(calendar::readAgeFile(rt::readWholeFile(file))->size(), 1);
 }
