@@ -2,6 +2,7 @@
 
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -269,6 +270,17 @@ void CalendarWindow::buildMenus() {
   item(santo, QStringLiteral("santobusca"), Res(309), [this, go] { go(model_->saints.santobusca_Click()); });
   item(santo, QStringLiteral("santobuscasig"), Res(310), [this, go] { go(model_->saints.santobuscasig_Click()); });
 
+  QMenu* CalendaColor = visual0->addMenu(Res(3770));
+  CalendaColor->setObjectName(QStringLiteral("CalendaColor"));
+  item(CalendaColor, QStringLiteral("DefColor1"), Res(3769), [this] {
+    ProgramState defaults;
+    applyDefaultSettings(defaults);
+    for (int i = 1; i <= 6; ++i)
+      program().CalendarColours[static_cast<size_t>(i)] = defaults.CalendarColours[static_cast<size_t>(i)];
+    refresh();
+  });
+  item(CalendaColor, QStringLiteral("UserColor"), Res(336), [this] { UserColor_Click(); });
+
   QMenu* tools = menuBar()->addMenu(Res(321));
   tools->setObjectName(QStringLiteral("operacalMenu"));
   item(tools, QStringLiteral("operacal"), Res(321), [this] {
@@ -292,6 +304,20 @@ void CalendarWindow::defineDate(int which) {
   if (p.MessageResult != 0) return;
   const double chosen = p.MessageValue.toDouble();
   if (chosen != 0) p.CalendarDates[static_cast<size_t>(which)] = std::floor(chosen);
+  refresh();
+}
+
+void CalendarWindow::UserColor_Click() {
+  // Which of the six colours: a list message, then the colour chooser.
+  setMessageList({Res(344), Res(345), Res(346), Res(347), Res(348), Res(358)}, Res(359));
+  MBoxShow(0, Res(359), 1, 3, 0, Res(301) + QStringLiteral("  -  ") + Res(336));
+  ProgramState& p = program();
+  const int entry = static_cast<int>(p.MessageValue.toDouble());
+  if (p.MessageResult != 0 || entry < 1 || entry > 6) return;
+  const QColor chosen = QColorDialog::getColor(settingColour(entry, Qt::white), this, Res(336));
+  if (!chosen.isValid()) return;
+  const auto bgr = static_cast<std::int32_t>(chosen.red() | (chosen.green() << 8) | (chosen.blue() << 16));
+  p.CalendarColours[static_cast<size_t>(entry)] = rt::Variant::longValue(bgr);
   refresh();
 }
 

@@ -49,6 +49,7 @@ class CalendarWindow : public QMainWindow {
   void cellClicked(int row, int column, bool twice);
   // DefRemainder: the date message writes date 1 or 2 of "FECHAS CALENDARIO".
   void defineDate(int which);
+  void UserColor_Click();
   void fileAction(bool (calendar::EventList::*handler)());
   QString fileDialog(const calendar::EventList::FileDialogRequest& request);
 

@@ -96,6 +96,10 @@ class CalendarWindowTest : public QObject {
     w.findChild<QAction*>(QStringLiteral("Moon"))->trigger();
     QVERIFY(!moon->isVisible());
     QVERIFY(!program().CalendarInfo[4]);
+    const rt::Variant titleColour = program().CalendarColours[1];
+    program().CalendarColours[1] = rt::Variant::longValue(0x123456);
+    w.findChild<QAction*>(QStringLiteral("DefColor1"))->trigger();
+    QCOMPARE(program().CalendarColours[1].toDouble(), titleColour.toDouble());
     w.findChild<QAction*>(QStringLiteral("Events"))->trigger();
     QVERIFY(!w.findChild<QWidget*>(QStringLiteral("eventsBox"))->isVisible());
   }
