@@ -44,6 +44,9 @@ void enterSection() {
   p.SectionTitle = Res(2915);
 }
 
+// A sorted list box orders its lines without regard to case.
+bool lessIgnoringCase(const QString& a, const QString& b) { return QString::compare(a, b, Qt::CaseInsensitive) < 0; }
+
 QString title(int id) {
   enterSection();
   return QStringLiteral("Calvix  -  ") + program().SectionTitle + QStringLiteral("  -  ") + Res(id);
@@ -133,10 +136,7 @@ QString EventList::forDateText() const {
 }
 
 void EventList::insertSorted(const QString& line) {
-  // A sorted list box orders its lines without regard to case.
-  auto at = std::upper_bound(events_.begin(), events_.end(), line, [](const QString& a, const QString& b) {
-    return QString::compare(a, b, Qt::CaseInsensitive) < 0;
-  });
+  auto at = std::upper_bound(events_.begin(), events_.end(), line, lessIgnoringCase);
   events_.insert(at, line);
 }
 
@@ -199,8 +199,9 @@ bool EventList::openFile(const QString& path) {
     report(906);
     return false;
   }
-  events_.clear();
-  for (const QString& line : *lines) insertSorted(line);
+  // Sorted as the list box sorts its lines; equal lines keep the file's order.
+  events_ = std::move(*lines);
+  std::stable_sort(events_.begin(), events_.end(), lessIgnoringCase);
   fileName_ = path;
   program().EventsFile = path;
   changed_ = false;

@@ -58,6 +58,11 @@ TEST_F(EventListTest, FileFormAndRoundTripByteForByte) {
   EXPECT_EQ(rt::readWholeFile(file("again.AGE")), saved);
   EXPECT_EQ(other.Caption(), QStringLiteral("Calvix Premium  -  Calendario  -  again.AGE"));
   EXPECT_EQ(program().EventsFile, file("again.AGE"));
+
+  // A file written in another order opens sorted, without regard to case.
+  write(file("unsorted.age"), "3\r\n\"12/25  b\"\r\n\"01/06  Zeta\"\r\n\"01/06  alfa\"\r\n");
+  ASSERT_TRUE(other.openFile(file("unsorted.age")));
+  EXPECT_EQ(other.events(), QStringList({"01/06  alfa", "01/06  Zeta", "12/25  b"}));
 }
 
 TEST_F(EventListTest, ReadsOnlyTheStatedCountAndAFractionalCountAsAForLoop) {
