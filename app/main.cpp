@@ -8,6 +8,7 @@
 #include "convert/ConverterWindow.h"
 #include "elements/PeriodicTableWindow.h"
 #include "chrono/ChronometerWindow.h"
+#include "calendar/CalendarWindow.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
 #include "geometry/GeometryWindow.h"
@@ -49,6 +50,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Banking, [] { return new BankWindow; });
   registerWindowFactory(WindowId::Geometry, [] { return new GeometryWindow; });
   registerWindowFactory(WindowId::Chronometer, [] { return new ChronometerWindow; });
+  registerWindowFactory(WindowId::Calendar, [] { return new CalendarWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
