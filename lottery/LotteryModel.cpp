@@ -47,8 +47,10 @@ LotteryModel::LotteryModel() { Form_Load(); }
 
 QString LotteryModel::caption(int stringId) { return Res(stringId); }
 
-void LotteryModel::showError(int code) {
+void LotteryModel::showError(int code, int sectionId) {
   lastErrorCode = code;
+  program().MainMenuTitle = QStringLiteral("Bolix");
+  program().SectionTitle = Res(sectionId);
   ReportError(code, kMessageSound, kMessageStyle, 0);
 }
 
@@ -443,7 +445,7 @@ LotContents readLot(const QByteArray& bytes) {
 void LotteryModel::guardarloto_Click() {
   if (helpInstead(kHelpFiles)) return;
   if (apuestasSel == 0) {
-    showError(600);
+    showError(600, 500);
     return;
   }
   if (!hooks.fileDialog) return;
@@ -454,17 +456,17 @@ void LotteryModel::guardarloto_Click() {
 
 bool LotteryModel::guardarloto(const QString& path) {
   if (apuestasSel == 0) {
-    showError(600);
+    showError(600, 500);
     return false;
   }
   if (!hasLotExtension(path)) {
-    showError(900);
+    showError(900, 500);
     return false;
   }
   try {
     rt::writeWholeFile(path, writeLot(grid, frecSel));
   } catch (const rt::RuntimeError& e) {
-    showError(e.number());
+    showError(e.number(), 500);
     return false;
   }
   apuestasCambiadas = false;
@@ -480,7 +482,7 @@ void LotteryModel::abrirloto_Click() {
 
 bool LotteryModel::abrirloto(const QString& path) {
   if (!hasLotExtension(path)) {
-    showError(901);
+    showError(901, 500);
     return false;
   }
   LotContents in;
@@ -488,7 +490,7 @@ bool LotteryModel::abrirloto(const QString& path) {
     in = readLot(rt::readWholeFile(path));
   } catch (const rt::RuntimeError& e) {
     // A damaged file leaves the list as it was.
-    showError(e.number());
+    showError(e.number(), 500);
     return false;
   }
   const bool changed = apuestasCambiadas;

@@ -117,7 +117,7 @@ class LotteryModel {
   static QString caption(int stringId);
 
  private:
-  void showError(int code);
+  void showError(int code, int sectionId = 510);  // 500 files, 510 options
   void clearBoard();
   void applyPreferred();
   void closeGrids();
