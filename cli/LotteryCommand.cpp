@@ -5,22 +5,28 @@
 //   lottery bets ACTION...   --bet "n ...", --random N, --pref K ["n ..."],
 //                            --delete A-B|all, --open F, --save F, in order;
 //                            then the selected bets
+//   lottery import --csv F --db FILE [--append]
+//   lottery analyse (--bet "n ..." | --lot F) [--type P|B|G|all] [--express]
+//                   [--db FILE]
 //
 // A step the window refuses with a message stops the run: the message on
 // stderr, exit 1 (JSON still printed). Bad usage: exit 2.
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include "cli/CliCommand.h"
 #include "lottery/LotteryModel.h"
+#include "shell/ProgramState.h"
 #include "shell/Strings.h"
 
 namespace {
 
 const QString kLaterReduction =
     QStringLiteral("comes with the reduction and statistics work (reductions, automatic mode, statistics)");
-const QString kLaterDatabase = QStringLiteral("comes with the draw database and analysis work");
 
 int runProbs(CliContext& ctx) {
   if (ctx.args.size() != 1) return ctx.usage(QStringLiteral("lottery probs needs N (0-49)"));
@@ -173,19 +179,94 @@ int runBets(CliContext& ctx) {
   return finishBets(ctx, m, 0);
 }
 
+int runImport(CliContext& ctx) {
+  QString csv, db;
+  if (!ctx.takeOption(QStringLiteral("--csv"), csv) || !ctx.takeOption(QStringLiteral("--db"), db)) {
+    return ctx.usage(QStringLiteral("lottery import needs --csv F and --db FILE"));
+  }
+  const bool append = ctx.takeFlag(QStringLiteral("--append"));
+  if (!ctx.args.isEmpty()) return ctx.usage(QStringLiteral("lottery import: unexpected argument ") + ctx.args.first());
+  QFile f(csv);
+  if (!f.open(QIODevice::ReadOnly)) return ctx.fail(QStringLiteral("lottery import: cannot read ") + csv);
+  QList<QStringList> rows;
+  int badLine = 0;
+  if (!parseDrawsCsv(f.readAll(), rows, badLine)) {
+    return ctx.fail(QStringLiteral("lottery import: line %1 is not a draw (dd/mm/yyyy,n1,...,n6,complementary,"
+                                   "reintegro,P|B|G); nothing imported")
+                        .arg(badLine));
+  }
+  const int count = storeDraws(db, rows, append);
+  if (count < 0) return ctx.fail(QStringLiteral("lottery import: ") + db + QStringLiteral(" is not a draw database"));
+  if (ctx.jsonOutput) ctx.json.insert(QStringLiteral("draws"), count);
+  else ctx.out << count << '\n';
+  return 0;
+}
+
+int runAnalyse(CliContext& ctx) {
+  QString betText, lot, type, db;
+  const bool hasBet = ctx.takeOption(QStringLiteral("--bet"), betText);
+  const bool hasLot = ctx.takeOption(QStringLiteral("--lot"), lot);
+  const bool hasType = ctx.takeOption(QStringLiteral("--type"), type);
+  const bool hasDb = ctx.takeOption(QStringLiteral("--db"), db);
+  const bool express = ctx.takeFlag(QStringLiteral("--express"));
+  if (hasBet == hasLot) return ctx.usage(QStringLiteral("lottery analyse needs --bet \"n ...\" or --lot F"));
+  if (!ctx.args.isEmpty()) return ctx.usage(QStringLiteral("lottery analyse: unexpected argument ") + ctx.args.first());
+  static const QStringList types{"P", "B", "G", "all"};
+  if (hasType && !types.contains(type)) return ctx.usage(QStringLiteral("lottery analyse: --type is P, B, G or all"));
+  QList<int> numbers;
+  if (hasBet && (!parseNumbers(betText, numbers) || numbers.size() < 5 || numbers.size() > 11)) {
+    return ctx.usage(QStringLiteral("lottery analyse: --bet takes 5 to 11 numbers 1 to 49"));
+  }
+  LotteryModel m;
+  if (hasDb && !m.loadDraws(db)) return ctx.fail(QStringLiteral("lottery analyse: ") + db + QStringLiteral(" is not a draw database"));
+  if (!hasDb && m.draws.rows.isEmpty()) {
+    const QString path = program().AppFolder.toText() + QStringLiteral("cvxlp.dlj");
+    if (!QFileInfo::exists(path)) return ctx.fail(QStringLiteral("lottery analyse: no draw database at ") + path);
+  }
+  if (hasType) m.tipoloto_Click(static_cast<int>(types.indexOf(type)));
+  m.LotoInfoExpress = express;
+  if (hasBet) {
+    m.manualoto_Click();
+    for (int x : numbers) m.Label10_Click(x - 1);
+    m.Command6_Click();
+  } else {
+    if (!m.abrirloto(lot)) {
+      const auto& shown = static_cast<ScriptedPresenter*>(messagePresenter())->shown();
+      if (ctx.jsonOutput && !shown.empty()) ctx.err << shown.back().text << Qt::endl;
+      return 1;
+    }
+    m.analizeTodapu_Click();
+  }
+  if (ctx.jsonOutput) {
+    ctx.json.insert(QStringLiteral("report"), m.informeLoto);
+    QJsonArray premios;
+    for (auto p : m.analysis.premios) premios.append(p);
+    ctx.json.insert(QStringLiteral("premios"), premios);
+    ctx.json.insert(QStringLiteral("sorteosBase"), static_cast<double>(m.analysis.sorteosBase));
+    ctx.json.insert(QStringLiteral("premiados"), m.analysis.premiados);
+  } else {
+    ctx.out << m.informeLoto;
+  }
+  return 0;
+}
+
 int runLottery(CliContext& ctx) {
-  if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("lottery needs probs or bets"));
+  // The window's folder: the draw history sits beside the programs.
+  ProgramState& p = program();
+  if (p.AppFolder.toText().isEmpty()) {
+    p.AppFolder = rt::Variant(QString(QCoreApplication::applicationDirPath() + QLatin1Char('/')));
+  }
+  if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("lottery needs probs, bets, import, analyse or stats"));
   const QString word = ctx.args.takeFirst();
   if (word == QLatin1String("probs")) return runProbs(ctx);
   if (word == QLatin1String("bets")) return runBets(ctx);
   if (word == QLatin1String("stats")) return ctx.usage(QStringLiteral("lottery stats ") + kLaterReduction);
-  if (word == QLatin1String("import") || word == QLatin1String("analyse")) {
-    return ctx.usage(QStringLiteral("lottery ") + word + QLatin1Char(' ') + kLaterDatabase);
-  }
+  if (word == QLatin1String("import")) return runImport(ctx);
+  if (word == QLatin1String("analyse")) return runAnalyse(ctx);
   return ctx.usage(QStringLiteral("lottery: unknown operation ") + word);
 }
 
 }  // namespace
 
-CALVIX_CLI_COMMAND("lottery", "lottery probs N | lottery bets ACTION...  (bets, probabilities, *.lot files)",
+CALVIX_CLI_COMMAND("lottery", "lottery probs N | bets ACTION... | import | analyse  (bets, *.lot files, draw analysis)",
                    runLottery);

@@ -67,6 +67,7 @@ void LotteryModel::Form_Load() {
   numerosApuesta = 0;
   apuestasSel = 0;
   rt::Randomize();
+  loadDraws(p.AppFolder.toText() + QStringLiteral("cvxlp.dlj"));
   azarloto_Click();
   applyPreferred();
 }
@@ -508,4 +509,65 @@ bool LotteryModel::abrirloto(const QString& path) {
   Label8 = QString::number(apuestasSel);
   apuestasCambiadas = changed;
   return true;
+}
+
+// ---- Analysis -------------------------------------------------------------------------------
+
+bool LotteryModel::loadDraws(const QString& path) { return draws.load(path); }
+
+void LotteryModel::Command6_Click() {
+  const QList<int> bet = markedNumbers();
+  if (bet.size() < 5 || bet.size() > 11) return;
+  for (int i = 0; i < 13; ++i) apuestaActual[i] = i < bet.size() ? bet[i] : 0;
+  const int rows = static_cast<int>(draws.rows.size());
+  std::function<bool(int)> step;
+  if (hooks.analysisStep) step = [this, rows](int row) { return hooks.analysisStep(row, rows); };
+  analysis = analyseBet(bet, tipoSorteo, LotoInfoExpress, draws, step);
+  informeLoto = analysis.report;
+  informeTitle = analysis.stopped ? QString() : Res(586) + QLatin1Char(' ');
+}
+
+void LotteryModel::analizeapu_Click() {
+  if (gridRow < 1 || gridRow > grid.size()) return;
+  const QStringList cells = grid.at(gridRow - 1);
+  clearBoard();
+  numerosApuesta = 0;
+  Command8_Click();
+  const bool wasEnabled = Command1Enabled[0];
+  Command1Enabled[0] = false;
+  for (int c = 2; c < kColumns; ++c) {
+    if (!cells.at(c).isEmpty()) Label10_Click(cells.at(c).toInt() - 1);
+  }
+  Command6_Click();
+  Command1Enabled[0] = wasEnabled;
+}
+
+void LotteryModel::analizeTodapu_Click() {
+  const bool express = LotoInfoExpress;
+  LotoInfoExpress = true;
+  const auto perDraw = hooks.analysisStep;
+  hooks.analysisStep = {};  // the rows are the steps here
+  QString all;
+  AnalysisResult total;
+  const int rows = static_cast<int>(grid.size());
+  bool stopped = false;
+  for (int r = 1; r <= rows; ++r) {
+    if (perDraw && !perDraw(r - 1, rows)) {
+      stopped = true;
+      break;
+    }
+    gridRow = r;
+    analizeapu_Click();
+    all += informeLoto;
+    for (int i = 0; i < 10; ++i) total.premios[i] = static_cast<std::int16_t>(total.premios[i] + analysis.premios[i]);
+    total.sorteosBase += analysis.sorteosBase;
+    total.premiados += analysis.premiados;
+  }
+  hooks.analysisStep = perDraw;
+  LotoInfoExpress = express;
+  total.stopped = stopped;
+  total.report = stopped ? QString() : all;
+  analysis = total;
+  informeLoto = total.report;
+  informeTitle = stopped ? QString() : Res(586) + QLatin1Char(' ');
 }

@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <functional>
 
+#include "lottery/DrawAnalysis.h"
+
 class LotteryModel {
  public:
   static constexpr std::uint32_t kFree = 0xC0E0FF;
@@ -42,6 +44,9 @@ class LotteryModel {
   struct Hooks {
     // The common dialog; an empty answer when cancelled.
     std::function<QString(const FileDialogRequest&)> fileDialog;
+    // Asked before each draw (and each list row) of an analysis: the window
+    // processes its events there; false stops the run (Command2).
+    std::function<bool(int row, int rows)> analysisStep;
   };
   Hooks hooks;
 
@@ -106,6 +111,17 @@ class LotteryModel {
   void lotorecup_Click();
   void abrirloto_Click();
   void guardarloto_Click();
+
+  // ---- Analysis against the draw history ----------------------------------------
+  DrawTable draws;
+  bool LotoInfoExpress = false;
+  QString informeLoto;
+  QString informeTitle;  // title of the information box, empty when none is shown
+  AnalysisResult analysis;  // totals of the last analysis (all rows: summed)
+  bool loadDraws(const QString& path);
+  void Command6_Click();
+  void analizeapu_Click();  // the list row gridRow
+  void analizeTodapu_Click();
 
   // The file work behind the dialogs, for the CLI and tests.
   bool abrirloto(const QString& path);
