@@ -106,3 +106,50 @@ TEST(LotteryCommand, BadUsageAndLaterWorkExit2) {
   for (const QStringList& args : rows) EXPECT_EQ(lottery(args).exitCode, 2) << args.join(' ').toStdString();
   EXPECT_TRUE(lottery({"stats"}).err.contains(QStringLiteral("reduction")));
 }
+
+TEST(LotteryCommand, ImportReplacesOrAppendsAndRefusesABadLine) {
+  QTemporaryDir dir;
+  const QString csv = dir.filePath(QStringLiteral("d.csv"));
+  const QString db = dir.filePath(QStringLiteral("d.dlj"));
+  QFile f(csv);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("06/01/2000,1,2,3,4,20,30,5,1,P\n13/01/2000,1,2,3,4,5,6,7,,P\n");
+  f.close();
+  CliRun r = lottery({"import", "--csv", csv, "--db", db});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  EXPECT_EQ(r.out, QStringLiteral("2\n"));
+  EXPECT_EQ(json(lottery({"--json", "import", "--csv", csv, "--db", db, "--append"})).value("draws").toInt(), 4);
+  ASSERT_TRUE(f.open(QIODevice::Append));
+  f.write("20/01/2000,1,2,3,4,5,6,6,,P\n");
+  f.close();
+  r = lottery({"import", "--csv", csv, "--db", db});
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_TRUE(r.err.contains(QStringLiteral("line 3"))) << r.err.toStdString();
+  EXPECT_EQ(lottery({"import", "--csv", csv}).exitCode, 2);
+}
+
+TEST(LotteryCommand, AnalyseReportsTheBetOrEveryRowOfAFile) {
+  QTemporaryDir dir;
+  const QString csv = dir.filePath(QStringLiteral("d.csv"));
+  const QString db = dir.filePath(QStringLiteral("d.dlj"));
+  QFile f(csv);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("06/01/2000,1,2,3,4,20,30,5,1,P\n09/01/2000,1,2,3,4,5,6,7,,B\n");
+  f.close();
+  ASSERT_EQ(lottery({"import", "--csv", csv, "--db", db}).exitCode, 0);
+  CliRun r = lottery({"--json", "analyse", "--bet", "1 2 3 4 5", "--db", db});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  QJsonObject o = json(r);
+  EXPECT_EQ(o.value("sorteosBase").toInt(), 1);  // Primitiva only by default
+  EXPECT_EQ(o.value("premios").toArray().at(9).toInt(), 1);
+  EXPECT_TRUE(o.value("report").toString().contains(QStringLiteral("4C aciertos: 1 veces.\r\n")));
+  r = lottery({"analyse", "--bet", "1 2 3 4 5 6", "--db", db, "--type", "all"});
+  EXPECT_TRUE(r.out.startsWith(QStringLiteral("Sorteos de Todos los Sorteos \r\n2 sorteos analizados\r\n")));
+  const QString lot = dir.filePath(QStringLiteral("a.lot"));
+  ASSERT_EQ(lottery({"bets", "--bet", "1 2 3 4 5 6", "--bet", "1 2 3 4 5", "--save", lot}).exitCode, 0);
+  o = json(lottery({"--json", "analyse", "--lot", lot, "--db", db, "--type", "B"}));
+  EXPECT_EQ(o.value("premiados").toInt(), 2);
+  EXPECT_EQ(o.value("report").toString().count(QStringLiteral("Sorteos de Bonoloto")), 2);
+  EXPECT_EQ(lottery({"analyse", "--bet", "1 2 3", "--db", db}).exitCode, 2);
+  EXPECT_EQ(lottery({"analyse", "--bet", "1 2 3 4 5", "--db", dir.filePath("none.dlj")}).exitCode, 1);
+}
