@@ -9,6 +9,7 @@
 #include "elements/PeriodicTableWindow.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
+#include "lottery/LotteryWindow.h"
 #include "shell/ControlCentreWindow.h"
 #include "shell/DesktopPlatform.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Preferences, [] { return new PreferencesWindow; });
   registerWindowFactory(WindowId::PeriodicTable, [] { return new PeriodicTableWindow; });
   registerWindowFactory(WindowId::Banking, [] { return new BankWindow; });
+  registerWindowFactory(WindowId::Lottery, [] { return new LotteryWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
