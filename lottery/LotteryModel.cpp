@@ -21,10 +21,10 @@ const QString kTitle = QStringLiteral("Calvix Premium  -  Bolix");
 constexpr int kMessageSound = 2;
 constexpr int kMessageStyle = 3;
 // Help topics of the menus and buttons.
-constexpr int kHelpFiles = 5001;
-constexpr int kHelpDelete = 5002;
-constexpr int kHelpOptions = 5003;
-constexpr int kHelpDrawType = 5004;
+constexpr int kHelpFiles = 80001;
+constexpr int kHelpDelete = 80002;
+constexpr int kHelpOptions = 80003;
+constexpr int kHelpDrawType = 80004;
 
 // Names, formats and tooltip strings of the eight probability labels, from
 // six hits down to none.
