@@ -314,6 +314,7 @@ void LotteryWindow::showReport() {
   auto* text = new QPlainTextEdit(dialog);
   text->setObjectName(QStringLiteral("informeLoto"));
   text->setReadOnly(true);
+  text->setLineWrapMode(QPlainTextEdit::NoWrap);
   text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text->setPlainText(QString(model_.informeLoto).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
   v->addWidget(text);
