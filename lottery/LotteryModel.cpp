@@ -474,6 +474,42 @@ bool LotteryModel::guardarloto(const QString& path) {
   return true;
 }
 
+PrintDocument LotteryModel::printDocument() const {
+  PrintDocument doc(Res(631));
+  doc.setFont(QStringLiteral("Arial"), 10);
+  doc.emptyLines(1);
+  doc.line(19, QStringLiteral("Calvix Premium  -  Bolix.  ") + Res(630) + QLatin1Char(' ') +
+                   rt::FormatDate(rt::Today(), QStringLiteral("dd/mm/yyyy")));
+  doc.emptyLines(1);
+  doc.setFont(QStringLiteral("Arial"), 12, true);
+  doc.line(9, Res(631));
+  doc.emptyLines(1);
+  doc.setFont(QStringLiteral("Courier New"), 10, true);
+  doc.printAt(11, QStringLiteral("Id"));
+  doc.printAt(15, Res(624));
+  doc.line(28, Res(561));
+  doc.setFont(QStringLiteral("Courier New"), 10);
+  for (const QStringList& row : grid) {
+    QStringList numbers;
+    for (int c = 2; c < kColumns; ++c) {
+      if (!row.at(c).isEmpty()) numbers << row.at(c).rightJustified(2);
+    }
+    doc.printAt(11, row.at(0));
+    doc.printAt(15, row.at(1));
+    doc.line(28, numbers.join(QLatin1Char(' ')));
+  }
+  return doc;
+}
+
+void LotteryModel::imprimeloto_Click() {
+  if (helpInstead(kHelpFiles)) return;
+  if (apuestasSel == 0) {
+    showError(600, 500);
+    return;
+  }
+  ::printDocument(printDocument());
+}
+
 void LotteryModel::abrirloto_Click() {
   if (helpInstead(kHelpFiles) || !hooks.fileDialog) return;
   const QString path =

@@ -14,6 +14,7 @@
 #include <functional>
 
 #include "lottery/DrawAnalysis.h"
+#include "shell/Printing.h"
 
 class LotteryModel {
  public:
@@ -111,6 +112,9 @@ class LotteryModel {
   void lotorecup_Click();
   void abrirloto_Click();
   void guardarloto_Click();
+  void imprimeloto_Click();
+  // The printed list of selected bets.
+  PrintDocument printDocument() const;
 
   // ---- Analysis against the draw history ----------------------------------------
   DrawTable draws;

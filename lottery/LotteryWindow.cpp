@@ -181,6 +181,7 @@ void LotteryWindow::buildMenus() {
   QMenu* ficheroloto = menuBar()->addMenu(Res(500));
   add(ficheroloto, "abrirloto", 501, [this] { model_.abrirloto_Click(); });
   add(ficheroloto, "guardarloto", 502, [this] { model_.guardarloto_Click(); });
+  add(ficheroloto, "imprimeloto", 503, [this] { model_.imprimeloto_Click(); });
   QMenu* editloto = menuBar()->addMenu(Res(504));
   add(editloto, "mostrarloto", 505, [this] { model_.mostrarloto_Click(); });
   QMenu* borrarloto = editloto->addMenu(Res(507));

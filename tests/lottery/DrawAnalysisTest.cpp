@@ -182,6 +182,13 @@ TEST_F(DrawAnalysisTest, TheModelAnalysesTheBoardAndEveryListRow) {
   EXPECT_EQ(m.analysis.premios[9], 1);  // 4 hits and the complementary
   EXPECT_EQ(m.informeLoto.count(QStringLiteral("Sorteos de Primitiva")), 2);
   EXPECT_FALSE(m.informeLoto.contains(QStringLiteral("Sorteo Thu")));  // forced express
+
+  // Stopped at the second row: nothing is shown.
+  m.hooks.analysisStep = [](int row, int) { return row < 1; };
+  m.analizeTodapu_Click();
+  EXPECT_TRUE(m.analysis.stopped);
+  EXPECT_TRUE(m.informeLoto.isEmpty());
+  EXPECT_TRUE(m.informeTitle.isEmpty());
 }
 
 TEST_F(DrawAnalysisTest, TheShippedSampleHoldsValidDrawsOnTheirWeekdays) {

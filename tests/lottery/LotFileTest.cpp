@@ -149,4 +149,23 @@ TEST_F(LotFileTest, LeavingAsksToSaveChangedBets) {
   EXPECT_FALSE(m->apuestasCambiadas);
 }
 
+TEST_F(LotFileTest, PrintingNeedsBetsAndListsThemUnderTheirHeads) {
+  m->imprimeloto_Click();
+  EXPECT_EQ(m->lastErrorCode, 600);
+  m->manualoto_Click();
+  for (int x : {4, 8, 15, 16, 23, 42}) m->Label10_Click(x - 1);
+  m->Command9_Click();
+  const PrintDocument doc = m->printDocument();
+  QStringList lines;
+  for (const PrintLine& line : doc.lines()) {
+    QString text;
+    for (const PrintSpan& s : line.spans) text += QStringLiteral("%1:%2|").arg(s.column).arg(s.text);
+    lines << text;
+  }
+  EXPECT_TRUE(lines.contains(QStringLiteral("11:Id|15:Fecha|28:Números|")));
+  EXPECT_TRUE(lines.last().startsWith(QStringLiteral("11:1|15:")));
+  EXPECT_TRUE(lines.last().endsWith(QStringLiteral("|28: 4  8 15 16 23 42|")));
+  EXPECT_TRUE(lines.at(1).startsWith(QStringLiteral("19:Calvix Premium  -  Bolix.  Fecha: ")));
+}
+
 }  // namespace
