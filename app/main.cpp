@@ -12,6 +12,7 @@
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
 #include "geometry/GeometryWindow.h"
+#include "lottery/LotteryWindow.h"
 #include "shell/ControlCentreWindow.h"
 #include "shell/DesktopPlatform.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -51,6 +52,7 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Geometry, [] { return new GeometryWindow; });
   registerWindowFactory(WindowId::Chronometer, [] { return new ChronometerWindow; });
   registerWindowFactory(WindowId::Calendar, [] { return new CalendarWindow; });
+  registerWindowFactory(WindowId::Lottery, [] { return new LotteryWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
