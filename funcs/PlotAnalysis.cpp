@@ -1,6 +1,5 @@
 #include "funcs/PlotAnalysis.h"
 
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -31,21 +30,7 @@ std::vector<double> readColumn(const CellGrid& grid, int col, int first, int las
   return values;
 }
 
-double singleTextValue(float f) {
-  if (f == 0) return 0;
-  const rt::DecimalDigits d = rt::significantDigits(f, 7);
-  char buf[32];
-  int k = 0;
-  if (d.negative) buf[k++] = '-';
-  buf[k++] = static_cast<char>(d.digits.at(0).unicode());
-  buf[k++] = '.';
-  for (qsizetype i = 1; i < d.digits.size(); ++i) buf[k++] = static_cast<char>(d.digits.at(i).unicode());
-  buf[k++] = 'e';
-  const auto end = std::to_chars(buf + k, buf + sizeof buf, d.exponent).ptr;
-  double value = 0;
-  std::from_chars(buf, end, value);
-  return value;
-}
+double singleTextValue(float f) { return rt::singleTextValue(f); }
 
 void computeDerivatives(CellGrid& grid, int pointCount, int sourceColumn) {
   for (int c = kFirstDerivativeColumn; c <= kFirstDerivativeColumn + 2; ++c) grid.clearColumn(c);
