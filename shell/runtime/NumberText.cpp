@@ -91,13 +91,51 @@ inline double nearestWhole(double p) {
   return (p + kShift) - kShift;
 }
 
+__extension__ typedef unsigned __int128 Wide;
+
+constexpr Wide wideTen(int k) {
+  Wide w = 1;
+  for (int i = 0; i < k; ++i) w *= 10;
+  return w;
+}
+constexpr Wide kWidePowers[] = {
+    wideTen(0),  wideTen(1),  wideTen(2),  wideTen(3),  wideTen(4),  wideTen(5),  wideTen(6),  wideTen(7),
+    wideTen(8),  wideTen(9),  wideTen(10), wideTen(11), wideTen(12), wideTen(13), wideTen(14), wideTen(15),
+    wideTen(16), wideTen(17), wideTen(18), wideTen(19), wideTen(20), wideTen(21), wideTen(22)};
+
 bool roundedBySums(double a, int precision, Scaled& out) {
   const double top = kExactPowers[precision];
   const double bottom = kExactPowers[precision - 1];
   int e = decimalExponent(a);
+  // a = mantissa * 2^-shift exactly (a normal double).
+  const std::uint64_t bits = std::bit_cast<std::uint64_t>(a);
+  const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << 52) - 1)) | (std::uint64_t{1} << 52);
+  const int shift = 1075 - static_cast<int>(bits >> 52);
   for (int tries = 0; tries < 3; ++tries) {
     const int k = precision - 1 - e;
     if (k < -kMaxExactPower || k > kMaxExactPower) return false;
+    if (k >= 0 && shift >= 1 && shift <= 127) {
+      // a * 10^k exactly, in whole numbers: mantissa * 10^k (below 2^127)
+      // over 2^shift; the quotient rounded half to even by the remainder.
+      const Wide product = static_cast<Wide>(mantissa) * kWidePowers[k];
+      const Wide whole = product >> shift;
+      if (whole >= static_cast<Wide>(kWidePowers[precision])) {
+        ++e;
+        continue;
+      }
+      if (whole < static_cast<Wide>(kWidePowers[precision - 1])) {
+        --e;
+        continue;
+      }
+      const Wide rest = product & ((Wide{1} << shift) - 1);
+      const Wide half = Wide{1} << (shift - 1);
+      auto m = static_cast<std::uint64_t>(whole);
+      if (rest > half || (rest == half && (m & 1))) ++m;
+      out.m = static_cast<double>(m);
+      out.k = k;
+      out.exponent = e;
+      return true;
+    }
     const double scale = kExactPowers[std::abs(k)];
     const double p = k >= 0 ? a * scale : a / scale;
     // Only the sign of the exact value's distance from p matters: for the
