@@ -57,14 +57,15 @@ constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7
 constexpr int kMaxExactPower = 22;
 
 // a (positive, normal) rounded to `precision` significant digits (at most
-// 15) by arithmetic alone: a * 10^k, with k = precision - 1 - e, is one
-// rounded operation p whose error's sign fma gives exactly; p is rounded to
-// the whole m, half to even as the exact value decides; so m is the
-// correctly rounded digit string of a, as to_chars gives it, and m * 10^-k
-// (one correctly rounded operation) the value of that text. Only where 10^k
-// is an exact double (for 15 digits, a from about 1e-8 to 1e36); false
-// elsewhere. m can come out as 10^precision when a rounds up to the next
-// power of ten; exponent is then one less than the text's.
+// 15) by arithmetic alone, to the whole m nearest a * 10^k (k = precision -
+// 1 - e), half to even as the exact value decides: m is the correctly
+// rounded digit string of a, as to_chars gives it, and m * 10^-k (one
+// correctly rounded operation) the value of that text. Where k >= 0 the
+// product is worked out exactly in 128-bit whole numbers; where k < 0 the
+// quotient p = a / 10^k is rounded and fma gives the sign of its error.
+// Only where 10^|k| is an exact double (for 15 digits, a from about 1e-8 to
+// 1e36); false elsewhere. m can come out as 10^precision when a rounds up
+// to the next power of ten; exponent is then one less than the text's.
 struct Scaled {
   double m = 0;      // whole, from 10^(precision-1) to 10^precision
   int k = 0;         // m * 10^-k is the rounded value
@@ -73,7 +74,12 @@ struct Scaled {
 
 // 10^-30 to 10^46, each the double nearest to it: only for estimating the
 // decimal exponent, which the rounding below checks again.
-constexpr double kRoughPowers[] = {1e-30, 1e-29, 1e-28, 1e-27, 1e-26, 1e-25, 1e-24, 1e-23, 1e-22, 1e-21, 1e-20, 1e-19, 1e-18, 1e-17, 1e-16, 1e-15, 1e-14, 1e-13, 1e-12, 1e-11, 1e-10, 1e-9, 1e-8, 1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28, 1e29, 1e30, 1e31, 1e32, 1e33, 1e34, 1e35, 1e36, 1e37, 1e38, 1e39, 1e40, 1e41, 1e42, 1e43, 1e44, 1e45, 1e46};
+constexpr double kRoughPowers[] = {
+    1e-30, 1e-29, 1e-28, 1e-27, 1e-26, 1e-25, 1e-24, 1e-23, 1e-22, 1e-21, 1e-20, 1e-19, 1e-18, 1e-17, 1e-16,
+    1e-15, 1e-14, 1e-13, 1e-12, 1e-11, 1e-10, 1e-9, 1e-8, 1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0, 1e1,
+    1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20,
+    1e21, 1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28, 1e29, 1e30, 1e31, 1e32, 1e33, 1e34, 1e35, 1e36, 1e37,
+    1e38, 1e39, 1e40, 1e41, 1e42, 1e43, 1e44, 1e45, 1e46};
 constexpr int kRoughLow = -30, kRoughHigh = 46;
 
 // floor(log10(a)) for a positive normal double, or a value one off it
