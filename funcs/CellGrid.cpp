@@ -1,7 +1,6 @@
 #include "funcs/CellGrid.h"
 
 #include <bit>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -23,72 +22,7 @@ inline bool isTag(double v, std::uint64_t tag) { return std::bit_cast<std::uint6
 
 CellGrid::CellGrid(int columns) : columns_(static_cast<size_t>(columns)) {}
 
-namespace {
-
-// Powers of ten that doubles hold exactly.
-constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int kMaxExactPower = 22;
-
-// x rounded to 15 significant digits by arithmetic: x * 10^(14-e) is one
-// rounded operation p whose error's sign fma gives exactly; p is rounded to
-// the whole m, half to even as the exact value decides, and m * 10^(e-14)
-// is one correctly rounded operation. Only where 10^(14-e) is an exact
-// double (x from about 1e-8 to 1e36); false elsewhere.
-bool roundedBySums(double x, double& value) {
-  const double a = std::fabs(x);
-  int e = static_cast<int>(std::floor(std::ilogb(a) * 0.30102999566398120));  // log10 of 2
-  for (int tries = 0; tries < 3; ++tries) {
-    const int k = 14 - e;
-    if (k < -kMaxExactPower || k > kMaxExactPower) return false;
-    const double scale = kExactPowers[std::abs(k)];
-    const double p = k >= 0 ? a * scale : a / scale;
-    // Only the sign of the exact value's distance from p matters: for the
-    // product it is the product's error, for the quotient the remainder's.
-    const double err = k >= 0 ? std::fma(a, scale, -p) : std::fma(-p, scale, a);
-    if (p > 1e15 || (p == 1e15 && err >= 0)) {
-      ++e;
-      continue;
-    }
-    if (p < 1e14 || (p == 1e14 && err < 0)) {
-      --e;
-      continue;
-    }
-    double m = std::nearbyint(p);  // half to even, on p alone
-    // p - m is exact. A half in p that is no half in the exact value goes
-    // the exact value's way (p + 0.5 and p - 0.5 are whole and exact).
-    if (std::fabs(p - m) == 0.5 && err != 0) m = err > 0 ? p + 0.5 : p - 0.5;
-    const double r = k >= 0 ? m / scale : m * scale;
-    value = x < 0 ? -r : r;
-    return true;
-  }
-  return false;
-}
-
-}  // namespace
-
-bool CellGrid::textValue(double x, double& value) {
-  if (x == 0) {
-    value = 0;  // the text of -0 is "0"
-    return true;
-  }
-  if (!std::isfinite(x)) return false;
-  if (std::fabs(x) >= std::numeric_limits<double>::min() && roundedBySums(x, value)) return true;
-  // Elsewhere through the digits: the shortest digits that read back as x;
-  // with 15 or fewer the default text shows exactly them and x is its value.
-  // With more, the text shows x rounded to 15 digits, read back here.
-  char buf[40];
-  auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);
-  int digits = 0;
-  for (const char* p = buf; p < res.ptr && *p != 'e'; ++p) digits += (*p >= '0' && *p <= '9') ? 1 : 0;
-  if (digits <= 15) {
-    value = x;
-    return true;
-  }
-  res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, 14);
-  const auto read = std::from_chars(buf, res.ptr, value);
-  return read.ec == std::errc() && std::isfinite(value);
-}
+bool CellGrid::textValue(double x, double& value) { return rt::textValue(x, value); }
 
 void CellGrid::setRowCount(int rows) {
   if (rows < 0) rows = 0;

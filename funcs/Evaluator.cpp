@@ -1,6 +1,7 @@
 #include "funcs/Evaluator.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "funcs/ExprCompiler.h"
 #include "funcs/ExprLexer.h"
@@ -149,7 +150,16 @@ bool Evaluator::assignLiterals(const QString& text) {
   size_t reused = 0;
   int i = 0;
   int knownSlot = -1;  // slot of the statement whose number starts at i, when known
-  if (!literals_.empty()) {
+  const LiteralAssignment* lastLiteral = literals_.empty() ? nullptr : &literals_.back();
+  const auto lastStart = lastLiteral ? static_cast<size_t>(lastLiteral->valueStart) : 0;
+  if (lastLiteral && static_cast<size_t>(n) >= lastStart && literalText_.size() >= lastStart &&
+      std::memcmp(t.utf16(), literalText_.data(), lastStart * sizeof(char16_t)) == 0) {
+    // The usual case, everything before the last number unchanged: one
+    // block comparison, and only that number is read again.
+    reused = literals_.size() - 1;
+    knownSlot = lastLiteral->slot;
+    i = lastLiteral->valueStart;
+  } else if (lastLiteral) {
     const size_t m = std::min(static_cast<size_t>(n), literalText_.size());
     const char16_t* a = t.utf16();
     const int common = static_cast<int>(std::mismatch(a, a + m, literalText_.data()).first - a);

@@ -356,6 +356,72 @@ void ExprCompiler::finish(Operand result) {
   if (prog_.fast) bindFastCode();
 }
 
+namespace {
+
+// The fast form of an operation on numbers; Concat and Is never run there.
+FastOp fastOp(Op op) {
+  switch (op) {
+    case Op::Add: return FastOp::Add;
+    case Op::Sub: return FastOp::Sub;
+    case Op::Mul: return FastOp::Mul;
+    case Op::Div: return FastOp::Div;
+    case Op::Pow: return FastOp::Pow;
+    case Op::Square: return FastOp::Square;
+    case Op::IntDiv: return FastOp::IntDiv;
+    case Op::Mod: return FastOp::Mod;
+    case Op::Eq: return FastOp::Eq;
+    case Op::Ne: return FastOp::Ne;
+    case Op::Lt: return FastOp::Lt;
+    case Op::Gt: return FastOp::Gt;
+    case Op::Le: return FastOp::Le;
+    case Op::Ge: return FastOp::Ge;
+    case Op::And: return FastOp::And;
+    case Op::Or: return FastOp::Or;
+    case Op::Xor: return FastOp::Xor;
+    case Op::Eqv: return FastOp::Eqv;
+    case Op::Imp: return FastOp::Imp;
+    case Op::Neg: return FastOp::Neg;
+    case Op::Not: return FastOp::Not;
+    case Op::Call0: return FastOp::Call0;
+    case Op::Call1: return FastOp::Call1;
+    case Op::Call2: return FastOp::Call2;
+    default: return FastOp::CallN;
+  }
+}
+
+FastOp inlineOp(InlineMath m) {
+  switch (m) {
+    case InlineMath::Sin: return FastOp::Sin;
+    case InlineMath::Cos: return FastOp::Cos;
+    case InlineMath::Tan: return FastOp::Tan;
+    case InlineMath::Atn: return FastOp::Atn;
+    case InlineMath::Exp: return FastOp::Exp;
+    case InlineMath::Log: return FastOp::Log;
+    case InlineMath::Sqr: return FastOp::Sqr;
+    default: return FastOp::Abs;
+  }
+}
+
+// The form with the constant in the instruction, when one operand is a
+// constant: a op k for any of the five, k op a for the two that do not
+// commute (k + a and k * a are a + k and a * k, to the last bit). False when
+// the operation has no such form.
+bool constantForm(Op op, bool constantFirst, FastOp& out) {
+  switch (op) {
+    case Op::Add: out = FastOp::AddK; return true;
+    case Op::Mul: out = FastOp::MulK; return true;
+    case Op::Sub: out = constantFirst ? FastOp::KSub : FastOp::SubK; return true;
+    case Op::Div: out = constantFirst ? FastOp::KDiv : FastOp::DivK; return true;
+    case Op::Pow:
+      if (constantFirst) return false;
+      out = FastOp::PowK;
+      return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
 void ExprCompiler::bindFastCode() {
   ExprProgram& p = prog_;
   const std::uint32_t vbase = p.variableBase();
@@ -369,7 +435,7 @@ void ExprCompiler::bindFastCode() {
   for (std::uint32_t a : p.args) p.fastArgs.push_back(address(a));
   p.fastCode.reserve(p.code.size());
   for (const Instr& ins : p.code) {
-    FastInstr f{ins.op, 0, 0, address(ins.dst), nullptr, nullptr, nullptr, nullptr, nullptr};
+    FastInstr f{fastOp(ins.op), 0, 0, address(ins.dst), nullptr, nullptr, 0.0, nullptr, nullptr, nullptr};
     const ExprProgram::Call* call = ins.op >= Op::Call0 ? &p.calls[ins.fn] : nullptr;
     if (call) f.library = call->library;
     // The function pointers are stored type-erased and cast back by op.
@@ -378,6 +444,7 @@ void ExprCompiler::bindFastCode() {
       case Op::Call1:
         f.function = reinterpret_cast<void (*)()>(call->f1);
         f.a = address(ins.a);
+        if (call->def->inlineMath != InlineMath::None) f.op = inlineOp(call->def->inlineMath);
         break;
       case Op::Call2:
         f.function = reinterpret_cast<void (*)()>(call->f2);
@@ -391,10 +458,21 @@ void ExprCompiler::bindFastCode() {
         break;
       case Op::Neg:
       case Op::Not: f.a = address(ins.a); break;
-      default:
+      default: {
         f.a = address(ins.a);
         f.b = address(ins.b);
+        // One operand a constant (never both: the other is then a variable
+        // or a temporary): it goes into the instruction.
+        const bool aConst = ins.a < vbase, bConst = ins.b < vbase;
+        FastOp k;
+        if (aConst != bConst && constantForm(ins.op, aConst, k)) {
+          f.op = k;
+          f.k = p.frame[aConst ? ins.a : ins.b];
+          if (aConst) f.a = f.b;
+          f.b = nullptr;
+        }
         break;
+      }
     }
     if (!p.fastCode.empty() && ins.op != Op::Call0 && ins.op != Op::CallN) {
       const double* previous = p.fastCode.back().dst;

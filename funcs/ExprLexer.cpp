@@ -40,6 +40,38 @@ int scanRadix(QStringView text, int pos, int& end, rt::Variant& value) {
 int scanNumber(QStringView text, int pos, int& end, NumberLiteral& out) {
   const int n = static_cast<int>(text.size());
   int i = pos;
+  {
+    // The usual shape first, as Str writes it: digits, a point, digits, no
+    // exponent, at most 15 significant digits. The mantissa then fits, and
+    // one division by an exact power of ten gives the value, as below.
+    const char16_t* t = text.utf16();
+    std::uint64_t m = 0;
+    int significant = 0, fraction = 0, j = pos;
+    bool point = false;
+    for (; j < n; ++j) {
+      const char16_t c = t[j];
+      if (c >= u'0' && c <= u'9') {
+        m = m * 10 + (c - u'0');
+        significant += m != 0 ? 1 : 0;
+        fraction += point ? 1 : 0;
+        if (significant > 15) break;
+      } else if (c == u'.' && !point) {
+        point = true;
+      } else {
+        break;
+      }
+    }
+    static constexpr double kFractionPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
+                                                 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17,
+                                                 1e18, 1e19, 1e20, 1e21, 1e22};
+    const bool exponentFollows = j < n && (t[j] | 0x20) == u'e';
+    if (point && significant <= 15 && fraction <= 22 && !exponentFollows && j > pos + 1) {
+      out.type = rt::VType::Double;
+      out.value = static_cast<double>(m) / kFractionPowers[fraction];
+      end = j;
+      return 0;
+    }
+  }
   // The significant digits as an integer while they fit 19 digits, and the
   // power of ten that scales them.
   std::uint64_t mantissa = 0;

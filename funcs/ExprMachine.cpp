@@ -102,37 +102,63 @@ double executeFast(const ExprProgram& p) {
     auto B = [&] { return (i.fromPrevious & 2) ? last : *i.b; };
     double r;
     switch (i.op) {
-      case Op::Add: r = checked(A() + B()); break;
-      case Op::Sub: r = checked(A() - B()); break;
-      case Op::Mul: r = checked(A() * B()); break;
-      case Op::Div: r = divide(A(), B()); break;
-      case Op::Pow: r = power(A(), B()); break;
-      case Op::Square: {
+      case FastOp::Add: r = checked(A() + B()); break;
+      case FastOp::Sub: r = checked(A() - B()); break;
+      case FastOp::Mul: r = checked(A() * B()); break;
+      case FastOp::Div: r = divide(A(), B()); break;
+      case FastOp::Pow: r = power(A(), B()); break;
+      case FastOp::Square: {
         const double a = A();
         r = checked(a * a);
         break;
       }
-      case Op::IntDiv: r = rt::IntDiv(A(), B()); break;
-      case Op::Mod: r = rt::Mod(A(), B()); break;
-      case Op::Eq: r = truth(A() == B()); break;
-      case Op::Ne: r = truth(A() != B()); break;
-      case Op::Lt: r = truth(A() < B()); break;
-      case Op::Gt: r = truth(A() > B()); break;
-      case Op::Le: r = truth(A() <= B()); break;
-      case Op::Ge: r = truth(A() >= B()); break;
-      case Op::And:
-      case Op::Or:
-      case Op::Xor:
-      case Op::Eqv:
-      case Op::Imp: r = logicalNumber(i.op, A(), B()); break;
-      case Op::Neg: r = -A(); break;
-      case Op::Not: r = ~rt::CLng(A()); break;
-      case Op::Call0: r = reinterpret_cast<F0>(i.function)(*i.library); break;
-      case Op::Call1: r = reinterpret_cast<F1>(i.function)(*i.library, A()); break;
-      case Op::Call2: r = reinterpret_cast<F2>(i.function)(*i.library, A(), B()); break;
-      case Op::CallN: r = callMany(i); break;
-      case Op::Concat:
-      case Op::Is: rt::raise(rt::kTypeMismatch);  // never compiled as fast
+      case FastOp::AddK: r = checked(A() + i.k); break;
+      case FastOp::SubK: r = checked(A() - i.k); break;
+      case FastOp::KSub: r = checked(i.k - A()); break;
+      case FastOp::MulK: r = checked(A() * i.k); break;
+      case FastOp::DivK: r = divide(A(), i.k); break;
+      case FastOp::KDiv: r = divide(i.k, A()); break;
+      case FastOp::PowK: r = power(A(), i.k); break;
+      case FastOp::IntDiv: r = rt::IntDiv(A(), B()); break;
+      case FastOp::Mod: r = rt::Mod(A(), B()); break;
+      case FastOp::Eq: r = truth(A() == B()); break;
+      case FastOp::Ne: r = truth(A() != B()); break;
+      case FastOp::Lt: r = truth(A() < B()); break;
+      case FastOp::Gt: r = truth(A() > B()); break;
+      case FastOp::Le: r = truth(A() <= B()); break;
+      case FastOp::Ge: r = truth(A() >= B()); break;
+      case FastOp::And: r = logicalNumber(Op::And, A(), B()); break;
+      case FastOp::Or: r = logicalNumber(Op::Or, A(), B()); break;
+      case FastOp::Xor: r = logicalNumber(Op::Xor, A(), B()); break;
+      case FastOp::Eqv: r = logicalNumber(Op::Eqv, A(), B()); break;
+      case FastOp::Imp: r = logicalNumber(Op::Imp, A(), B()); break;
+      case FastOp::Neg: r = -A(); break;
+      case FastOp::Not: r = ~rt::CLng(A()); break;
+      case FastOp::Call0: r = reinterpret_cast<F0>(i.function)(*i.library); break;
+      case FastOp::Call1: r = reinterpret_cast<F1>(i.function)(*i.library, A()); break;
+      case FastOp::Call2: r = reinterpret_cast<F2>(i.function)(*i.library, A(), B()); break;
+      case FastOp::CallN: r = callMany(i); break;
+      // The runtime's Sin, Cos, Tan, Atn, Exp, Log, Sqr and Abs, in place.
+      case FastOp::Sin: r = checked(std::sin(A())); break;
+      case FastOp::Cos: r = checked(std::cos(A())); break;
+      case FastOp::Tan: r = checked(std::tan(A())); break;
+      case FastOp::Atn: r = std::atan(A()); break;
+      case FastOp::Exp: r = checked(std::exp(A())); break;
+      case FastOp::Log: {
+        const double a = A();
+        if (!(a > 0)) [[unlikely]]
+          rt::raise(rt::kInvalidProcedureCall);
+        r = std::log(a);
+        break;
+      }
+      case FastOp::Sqr: {
+        const double a = A();
+        if (a < 0) [[unlikely]]
+          rt::raise(rt::kInvalidProcedureCall);
+        r = std::sqrt(a);
+        break;
+      }
+      case FastOp::Abs: r = std::fabs(A()); break;
       default: __builtin_unreachable();
     }
     *i.dst = r;

@@ -30,11 +30,25 @@ struct Instr {
   std::uint32_t fn;  // function number (calls)
 };
 
-// An instruction of the fast path: the same operation with the addresses of
-// its values (the kept frame for constants and temporaries, the symbols'
-// own numbers for variables), so that nothing is copied in before a run.
+// The operations of the fast path: those of Instr that work on numbers, and
+// forms made when the code is bound: an operation on a value and a constant
+// held in the instruction itself (a op k, or k op a for the two that do not
+// commute), and the language's math functions run in place of a call.
+enum class FastOp : unsigned char {
+  Add, Sub, Mul, Div, Pow, Square, IntDiv, Mod,
+  Eq, Ne, Lt, Gt, Le, Ge,
+  And, Or, Xor, Eqv, Imp,
+  Neg, Not,
+  Call0, Call1, Call2, CallN,
+  AddK, SubK, KSub, MulK, DivK, KDiv, PowK,
+  Sin, Cos, Tan, Atn, Exp, Log, Sqr, Abs,
+};
+
+// An instruction of the fast path: the operation with the addresses of its
+// values (the kept frame for constants and temporaries, the symbols' own
+// numbers for variables), so that nothing is copied in before a run.
 struct FastInstr {
-  Op op;
+  FastOp op;
   // Operands that are the value of the instruction just before are passed
   // in a register instead of through memory: bit 0 for a, bit 1 for b.
   unsigned char fromPrevious;
@@ -42,6 +56,7 @@ struct FastInstr {
   double* dst;
   const double* a;
   const double* b;
+  double k;  // the constant of the ...K and K... forms
   // Calls: the numeric form for the argument count and its library.
   void (*function)();
   FunctionLibrary* library;

@@ -17,6 +17,11 @@ enum class ResultKind : unsigned char {
   Other,   // a text, a 32-bit float or a variant: only the general form is exact
 };
 
+// Functions whose numeric form the compiled fast path may run in place,
+// without the call, because it does exactly what the machine's own code for
+// them does (the runtime's Sin, Cos, Tan, Atn, Exp, Log, Sqr and Abs).
+enum class InlineMath : unsigned char { None, Sin, Cos, Tan, Atn, Exp, Log, Sqr, Abs };
+
 struct FunctionDef {
   const char* name = "";
   int minArgs = 0;
@@ -29,6 +34,7 @@ struct FunctionDef {
   double (*f2)(FunctionLibrary&, double, double) = nullptr;
   double (*fn)(FunctionLibrary&, const double*, int) = nullptr;
   rt::Variant (*general)(FunctionLibrary&, const rt::Variant*, int) = nullptr;
+  InlineMath inlineMath = InlineMath::None;
 };
 
 class FunctionLibrary {

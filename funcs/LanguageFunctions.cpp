@@ -34,12 +34,13 @@ namespace {
 
 using L = FunctionLibrary;
 
-FunctionDef unary(const char* name, double (*f)(L&, double)) {
+FunctionDef unary(const char* name, double (*f)(L&, double), InlineMath inlineMath = InlineMath::None) {
   FunctionDef d;
   d.name = name;
   d.minArgs = 1;
   d.maxArgs = 1;
   d.f1 = f;
+  d.inlineMath = inlineMath;
   return d;
 }
 
@@ -48,17 +49,17 @@ FunctionDef unary(const char* name, double (*f)(L&, double)) {
 const std::vector<FunctionDef>& LanguageFunctions::functions() const {
   static const std::vector<FunctionDef> defs = [] {
     std::vector<FunctionDef> v;
-    v.push_back(unary("Abs", [](L&, double x) { return rt::Abs(x); }));
-    v.push_back(unary("Atn", [](L&, double x) { return rt::Atn(x); }));
-    v.push_back(unary("Cos", [](L&, double x) { return rt::Cos(x); }));
-    v.push_back(unary("Exp", [](L&, double x) { return rt::Exp(x); }));
+    v.push_back(unary("Abs", [](L&, double x) { return rt::Abs(x); }, InlineMath::Abs));
+    v.push_back(unary("Atn", [](L&, double x) { return rt::Atn(x); }, InlineMath::Atn));
+    v.push_back(unary("Cos", [](L&, double x) { return rt::Cos(x); }, InlineMath::Cos));
+    v.push_back(unary("Exp", [](L&, double x) { return rt::Exp(x); }, InlineMath::Exp));
     v.push_back(unary("Fix", [](L&, double x) { return rt::Fix(x); }));
     v.push_back(unary("Int", [](L&, double x) { return rt::Int(x); }));
-    v.push_back(unary("Log", [](L&, double x) { return rt::Log(x); }));
+    v.push_back(unary("Log", [](L&, double x) { return rt::Log(x); }, InlineMath::Log));
     v.push_back(unary("Sgn", [](L&, double x) { return static_cast<double>(rt::Sgn(x)); }));
-    v.push_back(unary("Sin", [](L&, double x) { return rt::Sin(x); }));
-    v.push_back(unary("Sqr", [](L&, double x) { return rt::Sqr(x); }));
-    v.push_back(unary("Tan", [](L&, double x) { return rt::Tan(x); }));
+    v.push_back(unary("Sin", [](L&, double x) { return rt::Sin(x); }, InlineMath::Sin));
+    v.push_back(unary("Sqr", [](L&, double x) { return rt::Sqr(x); }, InlineMath::Sqr));
+    v.push_back(unary("Tan", [](L&, double x) { return rt::Tan(x); }, InlineMath::Tan));
     v.push_back(unary("CDbl", [](L&, double x) { return x; }));
     v.push_back(unary("CInt", [](L&, double x) { return static_cast<double>(rt::CInt(x)); }));
     v.push_back(unary("CLng", [](L&, double x) { return static_cast<double>(rt::CLng(x)); }));

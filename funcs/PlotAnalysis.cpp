@@ -1,6 +1,5 @@
 #include "funcs/PlotAnalysis.h"
 
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -31,57 +30,60 @@ std::vector<double> readColumn(const CellGrid& grid, int col, int first, int las
   return values;
 }
 
-double singleTextValue(float f) {
-  if (f == 0) return 0;
-  const rt::DecimalDigits d = rt::significantDigits(f, 7);
-  char buf[32];
-  int k = 0;
-  if (d.negative) buf[k++] = '-';
-  buf[k++] = static_cast<char>(d.digits.at(0).unicode());
-  buf[k++] = '.';
-  for (qsizetype i = 1; i < d.digits.size(); ++i) buf[k++] = static_cast<char>(d.digits.at(i).unicode());
-  buf[k++] = 'e';
-  const auto end = std::to_chars(buf + k, buf + sizeof buf, d.exponent).ptr;
+double singleTextValue(float f) { return rt::singleTextValue(f); }
+
+namespace {
+
+// One cell of the first or second order: the operands cut to 32 bits, the
+// quotient kept as the value of its 32-bit text. One of the third order: in
+// 64 bits, kept as the value of its 15-digit text. A quotient that fails
+// (two X equal at that precision, a result beyond the range, an operand
+// that is no number) is 0.
+double singleDifference(double y0, double y1, double x0, double x1) {
+  const float dx = static_cast<float>(x1) - static_cast<float>(x0);
+  const float d = (static_cast<float>(y1) - static_cast<float>(y0)) / dx;
+  return std::isfinite(d) ? rt::singleTextValue(d) : 0.0;
+}
+
+double doubleDifference(double y0, double y1, double x0, double x1) {
+  const double d = (y1 - y0) / (x1 - x0);
   double value = 0;
-  std::from_chars(buf, end, value);
+  if (!std::isfinite(d) || !rt::textValue(d, value)) value = 0;
   return value;
 }
 
-void computeDerivatives(CellGrid& grid, int pointCount, int sourceColumn) {
-  for (int c = kFirstDerivativeColumn; c <= kFirstDerivativeColumn + 2; ++c) grid.clearColumn(c);
-  if (grid.rowCount() < pointCount + 2) grid.setRowCount(pointCount + 2);
-  const std::vector<double> x = readColumn(grid, 0, 1, pointCount);
-  auto at = [](const std::vector<double>& v, int row) { return v[static_cast<size_t>(row - 1)]; };
+}  // namespace
 
-  // One order from the one before: rows 1..pointCount-order. The cells are
-  // worked out with failures passed over: a cell whose operands hold no
-  // number, or whose division fails (two X equal at that precision, a result
-  // beyond the range), gets "0" and the next cell follows.
-  auto order = [&](int n, const std::vector<double>& y, bool single) {
-    const int col = kFirstDerivativeColumn + n - 1;
-    std::vector<double> out;
-    for (int i = 1; i <= pointCount - n; ++i) {
-      const double y0 = at(y, i), y1 = at(y, i + 1), x0 = at(x, i), x1 = at(x, i + 1);
-      double value = 0;
-      if (single) {
-        const float dx = static_cast<float>(x1) - static_cast<float>(x0);
-        const float d = (static_cast<float>(y1) - static_cast<float>(y0)) / dx;
-        if (std::isfinite(d)) value = singleTextValue(d);
-      } else {
-        const double d = (y1 - y0) / (x1 - x0);
-        if (!std::isfinite(d) || !CellGrid::textValue(d, value)) value = 0;
-      }
-      grid.setTextValue(i, col, value);
-      out.push_back(value);
-    }
-    return out;
-  };
+void computeDerivatives(CellGrid& grid, int pointCount, int sourceColumn) {
+  constexpr int kFirst = kFirstDerivativeColumn, kSecond = kFirst + 1, kThird = kFirst + 2;
+  for (int c = kFirst; c <= kThird; ++c) grid.clearColumn(c);
+  if (grid.rowCount() < pointCount + 2) grid.setRowCount(pointCount + 2);
   if (pointCount < 2) return;
-  const std::vector<double> first = order(1, readColumn(grid, sourceColumn, 1, pointCount), true);
-  if (pointCount < 3) return;
-  const std::vector<double> second = order(2, first, true);
-  if (pointCount < 4) return;
-  order(3, second, false);
+  for (int c = kFirst; c <= kThird; ++c) grid.reserveRows(c, pointCount);
+  // One pass down the rows: the first order at row j once X and Y of rows j
+  // and j+1 are known, the second at row j-1 once the first at j is, the
+  // third at row j-2 once the second at j-1 is. Each order reads the values
+  // the order before it stored.
+  double xj = cellValue(grid, 1, 0), yj = cellValue(grid, 1, sourceColumn);
+  double xBack1 = 0, xBack2 = 0;          // X of rows j-1 and j-2
+  double firstBack = 0, secondBack = 0;  // first order at row j-1, second at row j-2
+  for (int j = 1; j <= pointCount - 1; ++j) {
+    const double xNext = cellValue(grid, j + 1, 0);
+    const double yNext = cellValue(grid, j + 1, sourceColumn);
+    const double first = singleDifference(yj, yNext, xj, xNext);
+    grid.setTextValue(j, kFirst, first);
+    if (j >= 2) {
+      const double second = singleDifference(firstBack, first, xBack1, xj);
+      grid.setTextValue(j - 1, kSecond, second);
+      if (j >= 3) grid.setTextValue(j - 2, kThird, doubleDifference(secondBack, second, xBack2, xBack1));
+      secondBack = second;
+    }
+    firstBack = first;
+    xBack2 = xBack1;
+    xBack1 = xj;
+    xj = xNext;
+    yj = yNext;
+  }
 }
 
 Extrema findExtrema(const std::vector<double>& y, int depth) {

@@ -1,6 +1,8 @@
 #include "shell/runtime/NumberText.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cmath>
 #include <charconv>
 #include <cstdlib>
@@ -49,9 +51,172 @@ double powerOfTen(int k) {
   return table[static_cast<size_t>(std::clamp(k, -345, 310) + 345)];
 }
 
+// Powers of ten that doubles hold exactly.
+constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kMaxExactPower = 22;
+
+// a (positive, normal) rounded to `precision` significant digits (at most
+// 15) by arithmetic alone, to the whole m nearest a * 10^k (k = precision -
+// 1 - e), half to even as the exact value decides: m is the correctly
+// rounded digit string of a, as to_chars gives it, and m * 10^-k (one
+// correctly rounded operation) the value of that text. Where k >= 0 the
+// product is worked out exactly in 128-bit whole numbers; where k < 0 the
+// quotient p = a / 10^k is rounded and fma gives the sign of its error.
+// Only where 10^|k| is an exact double (for 15 digits, a from about 1e-8 to
+// 1e36); false elsewhere. m can come out as 10^precision when a rounds up
+// to the next power of ten; exponent is then one less than the text's.
+struct Scaled {
+  double m = 0;      // whole, from 10^(precision-1) to 10^precision
+  int k = 0;         // m * 10^-k is the rounded value
+  int exponent = 0;  // weight of m's first digit, 10^(precision-1)
+};
+
+// 10^-30 to 10^46, each the double nearest to it: only for estimating the
+// decimal exponent, which the rounding below checks again.
+constexpr double kRoughPowers[] = {
+    1e-30, 1e-29, 1e-28, 1e-27, 1e-26, 1e-25, 1e-24, 1e-23, 1e-22, 1e-21, 1e-20, 1e-19, 1e-18, 1e-17, 1e-16,
+    1e-15, 1e-14, 1e-13, 1e-12, 1e-11, 1e-10, 1e-9, 1e-8, 1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0, 1e1,
+    1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20,
+    1e21, 1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28, 1e29, 1e30, 1e31, 1e32, 1e33, 1e34, 1e35, 1e36, 1e37,
+    1e38, 1e39, 1e40, 1e41, 1e42, 1e43, 1e44, 1e45, 1e46};
+constexpr int kRoughLow = -30, kRoughHigh = 46;
+
+// floor(log10(a)) for a positive normal double, or a value one off it
+// (the caller checks): from the binary exponent, then one comparison.
+inline int decimalExponent(double a) {
+  const int b = static_cast<int>((std::bit_cast<std::uint64_t>(a) >> 52) & 0x7FF) - 1023;
+  int e = (b * 78913) >> 18;  // floor(b * log10(2)), an arithmetic shift
+  if (e + 1 >= kRoughLow && e + 1 <= kRoughHigh && a >= kRoughPowers[e + 1 - kRoughLow]) ++e;
+  return e;
+}
+
+// Round to nearest, half to even, for 0 <= p < 2^52, without a library call.
+inline double nearestWhole(double p) {
+  constexpr double kShift = 4503599627370496.0;  // 2^52
+  return (p + kShift) - kShift;
+}
+
+__extension__ typedef unsigned __int128 Wide;
+
+constexpr Wide wideTen(int k) {
+  Wide w = 1;
+  for (int i = 0; i < k; ++i) w *= 10;
+  return w;
+}
+constexpr Wide kWidePowers[] = {
+    wideTen(0),  wideTen(1),  wideTen(2),  wideTen(3),  wideTen(4),  wideTen(5),  wideTen(6),  wideTen(7),
+    wideTen(8),  wideTen(9),  wideTen(10), wideTen(11), wideTen(12), wideTen(13), wideTen(14), wideTen(15),
+    wideTen(16), wideTen(17), wideTen(18), wideTen(19), wideTen(20), wideTen(21), wideTen(22)};
+
+bool roundedBySums(double a, int precision, Scaled& out) {
+  const double top = kExactPowers[precision];
+  const double bottom = kExactPowers[precision - 1];
+  int e = decimalExponent(a);
+  // a = mantissa * 2^-shift exactly (a normal double).
+  const std::uint64_t bits = std::bit_cast<std::uint64_t>(a);
+  const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << 52) - 1)) | (std::uint64_t{1} << 52);
+  const int shift = 1075 - static_cast<int>(bits >> 52);
+  for (int tries = 0; tries < 3; ++tries) {
+    const int k = precision - 1 - e;
+    if (k < -kMaxExactPower || k > kMaxExactPower) return false;
+    if (k >= 0 && shift >= 1 && shift <= 127) {
+      // a * 10^k exactly, in whole numbers: mantissa * 10^k (below 2^127)
+      // over 2^shift; the quotient rounded half to even by the remainder.
+      const Wide product = static_cast<Wide>(mantissa) * kWidePowers[k];
+      const Wide whole = product >> shift;
+      if (whole >= static_cast<Wide>(kWidePowers[precision])) {
+        ++e;
+        continue;
+      }
+      if (whole < static_cast<Wide>(kWidePowers[precision - 1])) {
+        --e;
+        continue;
+      }
+      const Wide rest = product & ((Wide{1} << shift) - 1);
+      const Wide half = Wide{1} << (shift - 1);
+      auto m = static_cast<std::uint64_t>(whole);
+      if (rest > half || (rest == half && (m & 1))) ++m;
+      out.m = static_cast<double>(m);
+      out.k = k;
+      out.exponent = e;
+      return true;
+    }
+    const double scale = kExactPowers[std::abs(k)];
+    const double p = k >= 0 ? a * scale : a / scale;
+    // Only the sign of the exact value's distance from p matters: for the
+    // product it is the product's error, for the quotient the remainder's.
+    const double err = k >= 0 ? std::fma(a, scale, -p) : std::fma(-p, scale, a);
+    if (p > top || (p == top && err >= 0)) {
+      ++e;
+      continue;
+    }
+    if (p < bottom || (p == bottom && err < 0)) {
+      --e;
+      continue;
+    }
+    double m = nearestWhole(p);  // half to even, on p alone
+    // p - m is exact. A half in p that is no half in the exact value goes
+    // the exact value's way (p + 0.5 and p - 0.5 are whole and exact).
+    if (std::fabs(p - m) == 0.5 && err != 0) m = err > 0 ? p + 0.5 : p - 0.5;
+    out.m = m;
+    out.k = k;
+    out.exponent = e;
+    return true;
+  }
+  return false;
+}
+
+inline double scaledValue(const Scaled& s) {
+  return s.k >= 0 ? s.m / kExactPowers[s.k] : s.m * kExactPowers[-s.k];
+}
+
+// The digits of a rounded mantissa, without trailing zeros.
+void writeScaled(const Scaled& s, int precision, RawDigits& d) {
+  auto m = static_cast<std::uint64_t>(s.m);
+  d.exponent = s.exponent;
+  if (m == static_cast<std::uint64_t>(kExactPowers[precision])) {
+    m /= 10;
+    ++d.exponent;
+  }
+  // Two digits at a time, from the last; the last eight apart, so that the
+  // two halves work on 32 bits and do not wait on each other.
+  auto put = [&d](std::uint32_t v, int from, int count) {
+    static constexpr char kPairs[] =
+        "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+        "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+        "8081828384858687888990919293949596979899";
+    int i = from + count;
+    while (i - from >= 2) {
+      const std::uint32_t r = v % 100;
+      v /= 100;
+      i -= 2;
+      d.digits[i] = kPairs[2 * r];
+      d.digits[i + 1] = kPairs[2 * r + 1];
+    }
+    if (i > from) d.digits[from] = static_cast<char>('0' + v);
+  };
+  if (precision > 8) {
+    put(static_cast<std::uint32_t>(m % 100000000), precision - 8, 8);
+    put(static_cast<std::uint32_t>(m / 100000000), 0, precision - 8);
+  } else {
+    put(static_cast<std::uint32_t>(m), 0, precision);
+  }
+  int n = precision;
+  while (n > 1 && d.digits[n - 1] == '0') --n;
+  d.count = n;
+}
+
 RawDigits rawDigits(double x, int precision) {
   RawDigits d;
   if (x == 0 || !std::isfinite(x)) return d;
+  const bool normal = std::fabs(x) >= std::numeric_limits<double>::min();
+  Scaled s;
+  if (normal && precision <= 15 && roundedBySums(std::fabs(x), precision, s)) {
+    d.negative = x < 0;
+    writeScaled(s, precision, d);
+    return d;
+  }
   char buf[64];
   int n = 0;
   // First the shortest digits that read back as x (to_chars without a
@@ -62,7 +227,6 @@ RawDigits rawDigits(double x, int precision) {
   // Subnormal numbers have a wider ulp: they take the exact route.
   auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);
   readScientific(buf, res.ptr, d, n);
-  const bool normal = std::fabs(x) >= std::numeric_limits<double>::min();
   bool exact = normal && n <= precision;
   if (normal && !exact) {
     // The tail in hundredths of a unit of the last digit kept (digits beyond
@@ -145,6 +309,47 @@ DecimalDigits significantDigits(double x, int precision) {
   d.digits = QString::fromLatin1(r.digits, r.count);
   d.exponent = r.exponent;
   return d;
+}
+
+bool textValue(double x, double& value) {
+  if (x == 0) {
+    value = 0;  // the text of -0 is "0"
+    return true;
+  }
+  if (!std::isfinite(x)) return false;
+  const double a = std::fabs(x);
+  Scaled s;
+  if (a >= std::numeric_limits<double>::min() && roundedBySums(a, 15, s)) {
+    value = x < 0 ? -scaledValue(s) : scaledValue(s);
+    return true;
+  }
+  // Elsewhere through the digits: the shortest digits that read back as x;
+  // with 15 or fewer the text shows exactly them and x is its value. With
+  // more, the text shows x rounded to 15 digits, read back here.
+  char buf[40];
+  auto res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);
+  int digits = 0;
+  for (const char* p = buf; p < res.ptr && *p != 'e'; ++p) digits += (*p >= '0' && *p <= '9') ? 1 : 0;
+  if (digits <= 15) {
+    value = x;
+    return true;
+  }
+  res = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, 14);
+  const auto read = std::from_chars(buf, res.ptr, value);
+  return read.ec == std::errc() && std::isfinite(value);
+}
+
+double singleTextValue(float f) {
+  if (f == 0) return 0;
+  const double x = f;
+  Scaled s;
+  if (roundedBySums(std::fabs(x), 7, s)) return x < 0 ? -scaledValue(s) : scaledValue(s);
+  // Far from 1 (beyond about 1e-16 and 1e28): the 7-digit text read back.
+  char buf[32];
+  const auto end = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, 6).ptr;
+  double value = 0;
+  std::from_chars(buf, end, value);
+  return value;
 }
 
 QString Str(double x) { return numberText(x, 15, u'.', true); }

@@ -44,4 +44,11 @@ struct DecimalDigits {
 };
 DecimalDigits significantDigits(double x, int precision);
 
+// The value of x's 15-digit text (what reading NumberToText(x) back gives),
+// worked out without the text. False when that value is no finite double
+// (the text of a number next to the largest double rounds beyond it).
+bool textValue(double x, double& value);
+// The value of the 7-digit text of a 32-bit float, as a 64-bit float.
+double singleTextValue(float f);
+
 }  // namespace rt

@@ -1,7 +1,11 @@
 // The expression language: precedence and associativity, literals, names,
 // the language's functions, failures with their numbers and texts, and the
 // namespace that AddCode fills and Eval reads.
+#include <charconv>
 #include <cmath>
+#include <random>
+#include <string>
+#include <vector>
 
 #include "shell/runtime/NumberText.h"
 #include "shell/Strings.h"
@@ -86,6 +90,25 @@ TEST_F(EvalTest, NumberLiteralsTakeThePointAndAnExponent) {
   EXPECT_EQ(engine.Eval(QStringLiteral("100 * 100")).type(), rt::VType::Integer);
   EXPECT_EQ(engine.Eval(QStringLiteral("12 And 10")).type(), rt::VType::Integer);
   EXPECT_EQ(engine.Eval(QStringLiteral("2147483647 * 2")).type(), rt::VType::Double);
+}
+
+TEST_F(EvalTest, NumberTextsReadAsTheNearestDouble) {
+  // The texts Str writes, and their near relatives, read exactly as the
+  // standard reading of the same characters: the short forms and the long.
+  std::mt19937_64 gen(3);
+  std::uniform_real_distribution<double> unit(0, 1);
+  std::vector<std::string> texts = {"0.000", "0.0000001234", "123456789012345.", "1234567890123456.5",
+                                    ".123456789012345", "0.1234567890123456", "9007199254740993.0", "00012.5"};
+  for (int i = 0; i < 20000; ++i) {
+    const double x = unit(gen) * std::pow(10.0, static_cast<int>(gen() % 30) - 15);
+    texts.push_back(rt::Str(x).trimmed().toStdString());
+  }
+  for (const std::string& text : texts) {
+    if (text.find('E') != std::string::npos) continue;
+    double want = 0;
+    std::from_chars(text.data(), text.data() + text.size(), want);
+    ASSERT_EQ(engine.Eval(QString::fromStdString(text)).toDouble(), want) << text;
+  }
 }
 
 TEST_F(EvalTest, TextsJoinAndConvertLikeVariants) {
