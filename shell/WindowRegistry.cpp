@@ -1,8 +1,11 @@
 #include "shell/WindowRegistry.h"
 
 #include <QHash>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QPointer>
 
+#include "shell/AlarmIconWidget.h"
 #include "shell/WindowServices.h"
 
 namespace {
@@ -52,6 +55,19 @@ bool hasWindowFactory(WindowId id) { return registry().factories.contains(static
 
 QWidget* findWindow(WindowId id) { return registry().windows.value(static_cast<int>(id)).data(); }
 
+namespace {
+// Module windows show the chronometer's armed alarm as a small bell at the
+// right of their menu bar. The control centre and the chronometer place
+// their own; a window without a menu bar has none.
+void addAlarmIcon(WindowId id, QWidget* w) {
+  if (id == WindowId::ControlCentre || id == WindowId::Chronometer) return;
+  auto* main = qobject_cast<QMainWindow*>(w);
+  auto* bar = main ? qobject_cast<QMenuBar*>(main->menuWidget()) : nullptr;
+  if (!bar || bar->cornerWidget(Qt::TopRightCorner)) return;
+  bar->setCornerWidget(new AlarmIconWidget(bar), Qt::TopRightCorner);
+}
+}  // namespace
+
 QWidget* OpenWindow(WindowId id) {
   QWidget* w = findWindow(id);
   if (!w) {
@@ -60,6 +76,7 @@ QWidget* OpenWindow(WindowId id) {
     w = (*it)();
     if (!w) return nullptr;
     registry().windows.insert(static_cast<int>(id), w);
+    addAlarmIcon(id, w);
   }
   if (w->isMinimized()) w->setWindowState(w->windowState() & ~Qt::WindowMinimized);
   w->show();

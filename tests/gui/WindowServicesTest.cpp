@@ -1,6 +1,7 @@
 // Window services: placing two windows, the calculator with its large
 // display, coloured menu bars, and the help viewer behind ContextHelp.
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -97,6 +98,28 @@ class WindowServicesTest : public QObject {
     QVERIFY(!a.isMinimized());
     QCOMPARE(a.x(), b.x());
     QCOMPARE(a.y(), b.y() + b.frameGeometry().height());
+  }
+
+  void moduleWindowsWithAMenuBarShowTheArmedAlarm() {
+    const auto withMenu = [] {
+      auto* w = new QMainWindow;
+      w->menuBar()->addMenu(QStringLiteral("File"));
+      return w;
+    };
+    registerWindowFactory(WindowId::Banking, withMenu);
+    registerWindowFactory(WindowId::Chronometer, withMenu);  // places its own
+    registerWindowFactory(WindowId::About, [] { return new QWidget; });
+    program().AlarmRegistry.insert(QStringLiteral("estado"), 1);
+    auto* bank = qobject_cast<QMainWindow*>(OpenWindow(WindowId::Banking));
+    QWidget* bell = bank->menuBar()->cornerWidget(Qt::TopRightCorner);
+    QVERIFY(bell);
+    QCOMPARE(bell->objectName(), QStringLiteral("Image3"));
+    QVERIFY(bell->isVisible());
+    OpenWindow(WindowId::Banking);  // opened again: still one bell
+    QCOMPARE(bank->menuBar()->findChildren<QLabel*>(QStringLiteral("Image3")).size(), 1);
+    auto* chrono = qobject_cast<QMainWindow*>(OpenWindow(WindowId::Chronometer));
+    QVERIFY(!chrono->menuBar()->cornerWidget(Qt::TopRightCorner));
+    QVERIFY(OpenWindow(WindowId::About));  // no menu bar, nothing added
   }
 
   void openCalculatorFollowsTheModeAndFillsTheLargeDisplay() {
