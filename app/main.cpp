@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
   clearSettings(program());
   QtTranslations qtTexts;  // Qt's own dialogs in the program's language
   LinuxPlatform linuxPlatform;
+  linuxPlatform.setBeeper(&QApplication::beep);
   setPlatform(&linuxPlatform);
   MBoxPresenter messageBox;
   setMessagePresenter(&messageBox);

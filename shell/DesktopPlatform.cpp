@@ -1,6 +1,5 @@
 #include "shell/DesktopPlatform.h"
 
-#include <QApplication>
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QEventLoop>
@@ -143,4 +142,6 @@ bool LinuxPlatform::runCommand(const QString& program, const QStringList& argume
 
 void LinuxPlatform::endProgram() { QCoreApplication::exit(0); }
 
-void LinuxPlatform::beep() { QApplication::beep(); }
+void LinuxPlatform::beep() {
+  if (beeper_) beeper_();
+}

@@ -6,6 +6,7 @@
 // setPlatform(); tests and calvix-cli never do.
 #include <QHash>
 #include <QObject>
+#include <functional>
 #include <memory>
 
 #include "shell/Platform.h"
@@ -31,6 +32,9 @@ class LinuxPlatform : public QObject, public Platform {
   bool runCommand(const QString& program, const QStringList& arguments) override;
   void endProgram() override;
   void beep() override;
+  // The system bell belongs to the widget toolkit, which this layer does not
+  // include: main() hands it in (QApplication::beep). Without it, no sound.
+  void setBeeper(std::function<void()> beeper) { beeper_ = std::move(beeper); }
 
   // The commands a power action runs, first choice first (the rest are tried
   // when one cannot be started). Public so the mapping can be read and checked.
@@ -39,4 +43,5 @@ class LinuxPlatform : public QObject, public Platform {
  private:
   std::unique_ptr<QSoundEffect> asyncSound_;
   QHash<QString, int> fonts_;  // path -> application font id
+  std::function<void()> beeper_;
 };
