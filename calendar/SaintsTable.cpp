@@ -5,10 +5,10 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QVariant>
-#include <atomic>
 
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
+#include "shell/SqliteTable.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
 
@@ -17,24 +17,6 @@ namespace calendar {
 namespace {
 
 constexpr int kNotFoundSound = 4;
-
-// Runs fn with a database open on path under a connection name no other
-// query uses, then closes and removes the connection.
-template <typename F>
-void withDatabase(const QString& path, F fn) {
-  static std::atomic<int> counter{0};
-  const QString name = QStringLiteral("calvix_saints_%1").arg(++counter);
-  {
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    db.setDatabaseName(path);
-    db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-    if (QFileInfo::exists(path) && db.open()) {
-      fn(db);
-      db.close();
-    }
-  }
-  QSqlDatabase::removeDatabase(name);
-}
 
 }  // namespace
 
@@ -54,18 +36,19 @@ QString SaintsTable::saintsOf(double date) const {
                           .arg(rt::Day(date), 2, 10, QLatin1Char('0'))
                           .arg(rt::Month(date), 2, 10, QLatin1Char('0'));
   QString saints;
-  withDatabase(path_, [&](QSqlDatabase& db) {
+  withSqlite(path_, SqliteAccess::ReadOnly, [&](QSqlDatabase& db) {
     QSqlQuery q(db);
     q.prepare(QStringLiteral("SELECT Santos FROM Santoral WHERE Fecha LIKE ? ORDER BY rowid LIMIT 1"));
     q.addBindValue(QString(QLatin1Char('%') + key + QLatin1Char('%')));
     if (q.exec() && q.next()) saints = q.value(0).toString();
+    return true;
   });
   return saints;
 }
 
 std::optional<SaintsRow> SaintsTable::findFrom(qint64 afterRow) {
   std::optional<SaintsRow> found;
-  withDatabase(path_, [&](QSqlDatabase& db) {
+  withSqlite(path_, SqliteAccess::ReadOnly, [&](QSqlDatabase& db) {
     QSqlQuery q(db);
     q.prepare(QStringLiteral(
         "SELECT rowid, Fecha, Santos FROM Santoral WHERE rowid > ? AND Santos LIKE ? ORDER BY rowid LIMIT 1"));
@@ -75,6 +58,7 @@ std::optional<SaintsRow> SaintsTable::findFrom(qint64 afterRow) {
       lastRow_ = q.value(0).toLongLong();
       found = SaintsRow{q.value(1).toString(), q.value(2).toString()};
     }
+    return true;
   });
   return found;
 }

@@ -1,6 +1,5 @@
 #include "elements/ElementTable.h"
 
-#include <QAtomicInt>
 #include <QFileInfo>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -8,6 +7,7 @@
 #include <QVariant>
 
 #include "shell/ProgramState.h"
+#include "shell/SqliteTable.h"
 
 namespace {
 
@@ -16,32 +16,6 @@ constexpr const char* kFieldNames[kElementFieldCount] = {
     "pesos",     "volumenes",   "radioas",      "radiocs",      "radiois",    "electronegs",
     "electronegs1", "calores",  "calorfs",      "calorvs",      "energias",   "condutes",
     "caracteres", "estructura", "valencias",    "cristal"};
-
-// Each use gets a connection of its own, removed before returning, so two
-// windows (or a window and a test) never share one.
-QString uniqueConnectionName() {
-  static QAtomicInt counter;
-  return QStringLiteral("calvix-elements-%1").arg(counter.fetchAndAddRelaxed(1));
-}
-
-// Opens the connection, runs the work, closes and removes the connection.
-template <typename Work>
-bool withDatabase(const QString& path, bool create, Work&& work) {
-  const QString name = uniqueConnectionName();
-  bool ok = false;
-  {
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    db.setDatabaseName(path);
-    // Reading never creates a file where there was none.
-    if (!create) db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-    if (db.open()) {
-      ok = work(db);
-      db.close();
-    }
-  }
-  QSqlDatabase::removeDatabase(name);
-  return ok;
-}
 
 QString fieldList() {
   QStringList names;
@@ -73,7 +47,7 @@ bool isNumericField(int index) {
 QList<ElementRecord> readElementTable(const QString& path) {
   QList<ElementRecord> rows;
   if (!QFileInfo(path).isFile()) return rows;
-  const bool ok = withDatabase(path, false, [&](QSqlDatabase& db) {
+  const bool ok = withSqlite(path, SqliteAccess::ReadOnly, [&](QSqlDatabase& db) {
     QSqlQuery query(db);
     query.setForwardOnly(true);
     if (!query.exec(QStringLiteral("SELECT ") + fieldList() + QStringLiteral(" FROM Tabla1 ORDER BY rowid"))) {
@@ -94,7 +68,7 @@ QList<ElementRecord> readElementTable(const QString& path) {
 }
 
 bool writeElementTable(const QString& path, const QList<ElementRecord>& rows) {
-  return withDatabase(path, true, [&](QSqlDatabase& db) {
+  return withSqlite(path, SqliteAccess::ReadWrite, [&](QSqlDatabase& db) {
     QSqlQuery query(db);
     QStringList columns;
     for (const char* n : kFieldNames) columns << QString::fromLatin1(n) + QStringLiteral(" TEXT");

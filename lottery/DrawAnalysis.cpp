@@ -5,9 +5,9 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QUuid>
 #include <QVariant>
 
+#include "shell/SqliteTable.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
 #include "shell/runtime/Format.h"
@@ -20,24 +20,6 @@ const QString kCrLf = QStringLiteral("\r\n");
 const QString kRule = QString(34, QLatin1Char('_'));
 const QString kHead = QStringLiteral("     6(1ª)  5c(2ª)  5(3ª)  4(4ª)  3(5ª)   ");
 constexpr int kFieldCount = 11;  // Tabla1's fields: grid cells 1 to 11
-
-// One SQLite connection for the lifetime of a call, removed afterwards.
-class Connection {
- public:
-  explicit Connection(const QString& path) : name_(QUuid::createUuid().toString()) {
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_);
-    db.setDatabaseName(path);
-  }
-  ~Connection() { QSqlDatabase::removeDatabase(name_); }
-  QSqlDatabase db() const { return QSqlDatabase::database(name_, false); }
-  bool open() {
-    QSqlDatabase d = db();
-    return d.open();
-  }
-
- private:
-  QString name_;
-};
 
 QString weekdayAndDate(const QString& text) {
   try {
@@ -67,17 +49,17 @@ bool DrawTable::load(const QString& path) {
   setRows({});
   if (!QFileInfo::exists(path)) return false;
   QList<QStringList> read;
-  {
-    Connection c(path);
-    if (!c.open()) return false;
-    QSqlQuery q(c.db());
+  const bool ok = withSqlite(path, SqliteAccess::ReadOnly, [&](QSqlDatabase& db) {
+    QSqlQuery q(db);
     if (!q.exec(QStringLiteral("SELECT * FROM Tabla1")) || q.record().count() < kFieldCount) return false;
     while (q.next()) {
       QStringList row{QString::number(read.size() + 1)};
       for (int f = 0; f < kFieldCount; ++f) row << q.value(f).toString();
       read << row;
     }
-  }
+    return true;
+  });
+  if (!ok) return false;
   setRows(std::move(read));
   return true;
 }
@@ -236,30 +218,31 @@ bool parseDrawsCsv(const QByteArray& bytes, QList<QStringList>& rows, int& badLi
 }
 
 int storeDraws(const QString& path, const QList<QStringList>& rows, bool append) {
-  Connection c(path);
-  if (!c.open()) return -1;
-  QSqlDatabase db = c.db();
-  QSqlQuery q(db);
-  if (!q.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS Tabla1 (Fecha TEXT, N1 TEXT, N2 TEXT, N3 TEXT, N4 TEXT, "
-                             "N5 TEXT, N6 TEXT, Complementario TEXT, Reintegro TEXT, Sorteo TEXT, Tipo TEXT)"))) {
-    return -1;
-  }
-  db.transaction();
-  if (!append && !q.exec(QStringLiteral("DELETE FROM Tabla1"))) {
-    db.rollback();
-    return -1;
-  }
-  int next = 0;
-  if (q.exec(QStringLiteral("SELECT COUNT(*) FROM Tabla1")) && q.next()) next = q.value(0).toInt();
-  q.prepare(QStringLiteral("INSERT INTO Tabla1 VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
-  for (const QStringList& row : rows) {
-    for (int f = 0; f < kFieldCount; ++f) q.bindValue(f, f == 9 ? QString::number(++next) : row.value(f));
-    if (!q.exec()) {
-      db.rollback();
-      return -1;
+  int count = -1;
+  withSqlite(path, SqliteAccess::ReadWrite, [&](QSqlDatabase& db) {
+    QSqlQuery q(db);
+    if (!q.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS Tabla1 (Fecha TEXT, N1 TEXT, N2 TEXT, N3 TEXT, N4 TEXT, "
+                               "N5 TEXT, N6 TEXT, Complementario TEXT, Reintegro TEXT, Sorteo TEXT, Tipo TEXT)"))) {
+      return false;
     }
-  }
-  if (!db.commit()) return -1;
-  if (q.exec(QStringLiteral("SELECT COUNT(*) FROM Tabla1")) && q.next()) return q.value(0).toInt();
-  return -1;
+    db.transaction();
+    if (!append && !q.exec(QStringLiteral("DELETE FROM Tabla1"))) {
+      db.rollback();
+      return false;
+    }
+    int next = 0;
+    if (q.exec(QStringLiteral("SELECT COUNT(*) FROM Tabla1")) && q.next()) next = q.value(0).toInt();
+    q.prepare(QStringLiteral("INSERT INTO Tabla1 VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
+    for (const QStringList& row : rows) {
+      for (int f = 0; f < kFieldCount; ++f) q.bindValue(f, f == 9 ? QString::number(++next) : row.value(f));
+      if (!q.exec()) {
+        db.rollback();
+        return false;
+      }
+    }
+    if (!db.commit()) return false;
+    if (q.exec(QStringLiteral("SELECT COUNT(*) FROM Tabla1")) && q.next()) count = q.value(0).toInt();
+    return true;
+  });
+  return count;
 }
