@@ -40,6 +40,8 @@ QString windowName(WindowId id) {
     case WindowId::Chronometer: return QStringLiteral("chronometer");
     case WindowId::Calendar: return QStringLiteral("calendar");
     case WindowId::Geometry: return QStringLiteral("geometry");
+    case WindowId::StatisticsChart: return QStringLiteral("statistics-chart");
+    case WindowId::CsvTool: return QStringLiteral("csv-tool");
     case WindowId::Preferences: return QStringLiteral("preferences");
     case WindowId::About: return QStringLiteral("about");
     case WindowId::Help: return QStringLiteral("help");

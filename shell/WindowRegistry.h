@@ -21,6 +21,8 @@ enum class WindowId {
   Chronometer,
   Calendar,
   Geometry,
+  StatisticsChart,  // the statistics chart window
+  CsvTool,          // the CSV conversion tool
   Preferences,
   About,
   Help,
