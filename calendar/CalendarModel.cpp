@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "calendar/DateInfo.h"
+#include "shell/MessageService.h"
+#include "shell/Platform.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
@@ -76,10 +78,28 @@ QStringList CalendarModel::dayHeaders() const {
   return headers;
 }
 
+bool SysDate_Click() {
+  // GNOME's and KDE's date and time panels.
+  const std::pair<const char*, const char*> programs[] = {{"gnome-control-center", "datetime"}, {"kcmshell5", "clock"}};
+  for (const auto& [program, argument] : programs)
+    if (platform().runCommand(QString::fromLatin1(program), {QString::fromLatin1(argument)})) return true;
+  const double now = rt::Now();
+  MBoxShow(3, rt::FormatDate(now, QStringLiteral("Long Date")) + QStringLiteral("  ") + rt::FormatDate(now, QStringLiteral("Long Time")), 3, 0, 0,
+           Res(251));
+  return false;
+}
+
+std::uint32_t calendarColour(int n, std::uint32_t fallback) {
+  const rt::Variant& v = program().CalendarColours[static_cast<size_t>(n)];
+  if (v.isEmpty()) return fallback;
+  const auto bgr = static_cast<std::uint32_t>(v.toDouble());
+  return ((bgr & 0xFFu) << 16) | (bgr & 0xFF00u) | ((bgr >> 16) & 0xFFu);
+}
+
 std::vector<std::pair<QString, QString>> CalendarModel::panelRows() const {
   const ProgramState& p = program();
   std::vector<std::pair<QString, QString>> rows;
-  rows.emplace_back(Res(3766), headerLine(selected_));
+  if (p.CalendarInfo[1]) rows.emplace_back(Res(3766), headerLine(selected_));
   if (p.CalendarInfo[2]) {
     for (int i = 0; i < 2; ++i) {
       const double stored = p.CalendarDates[static_cast<size_t>(i)];

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -14,6 +15,15 @@
 #include "calendar/SaintsTable.h"
 
 namespace calendar {
+
+// "CALENDARIO color " n (1 to 6) as 0xRRGGBB (the setting keeps red in the
+// low byte); fallback when the setting is empty.
+std::uint32_t calendarColour(int n, std::uint32_t fallback);
+
+// SysDate: starts the desktop's date and time settings; where the desktop has
+// none, tells the system's date and time in a message. True when a settings
+// program started.
+bool SysDate_Click();
 
 class CalendarModel {
  public:

@@ -22,26 +22,50 @@ void title(PrintDocument& doc, const QString& text) {
 
 }  // namespace
 
-PrintDocument monthDocument(const CalendarModel& model) {
+namespace {
+
+constexpr std::uint32_t kGrey = 0x808080;
+constexpr std::uint32_t kSunday = 0xC00000;
+constexpr std::uint32_t kEventDay = 0x900000;
+
+}  // namespace
+
+PrintDocument monthDocument(const CalendarModel& model, bool inColour) {
+  auto ink = [inColour](std::uint32_t rgb) { return inColour ? rgb : 0u; };
   PrintDocument doc(Res(301));
+  doc.setColour(ink(calendarColour(1, 0x8080C0)));
   title(doc, Res(301) + QStringLiteral("  -  ") +
                  rt::FormatDate(rt::DateSerial(model.year(), model.month(), 1), QStringLiteral("mmmm-yy")));
   doc.setFont(kArial, 10, true);
+  doc.setColour(ink(kGrey));
   if (model.showWeekNumbers) doc.printAt(6, QStringLiteral("#"));
   const QStringList headers = model.dayHeaders();
-  for (int c = 0; c < 7; ++c) doc.printAt(12 + c * 8, headers.at(c));
+  for (int c = 0; c < 7; ++c) {
+    const int weekday = (model.firstWeekday - 1 + c) % 7 + 1;  // 1 Sunday
+    doc.setColour(ink(weekday == 1 ? kSunday : calendarColour(3, 0)));
+    doc.printAt(12 + c * 8, headers.at(c));
+  }
   doc.endLine();
-  doc.setFont(kArial, 10);
+  QStringList eventDays;
+  if (inColour)
+    for (const QString& line : model.events.events()) eventDays << line.left(5);
   const auto dates = model.gridDates();
   for (int r = 0; r < 6; ++r) {
     if (!model.rowInMonth(r)) continue;
+    doc.setFont(kArial, 10);
+    doc.setColour(ink(kGrey));
     if (model.showWeekNumbers) doc.printAt(6, QString::number(model.rowWeek(r)));
     for (int c = 0; c < 7; ++c) {
       const double d = dates[static_cast<size_t>(r * 7 + c)];
-      if (rt::Month(d) == model.month()) doc.printAt(12 + c * 8, QString::number(rt::Day(d)));
+      if (rt::Month(d) != model.month()) continue;
+      const bool event = eventDays.contains(eventKey(d));
+      doc.setFont(kArial, 10, event);
+      doc.setColour(ink(event ? kEventDay : rt::Weekday(d) == 1 ? kSunday : calendarColour(3, 0)));
+      doc.printAt(12 + c * 8, QString::number(rt::Day(d)));
     }
     doc.endLine();
   }
+  doc.setColour(0);
   return doc;
 }
 
@@ -66,14 +90,14 @@ PrintDocument eventsDocument(const CalendarModel& model) {
 }
 
 bool PrintFecha_Click(const CalendarModel& model) {
-  if (model.panelRows().size() <= 1) {
+  if (model.panelRows().empty()) {
     MBoxShow(3, Res(278), 3, 0, 0, Res(301));
     return false;
   }
   return printDocument(dateDocument(model));
 }
 
-bool imprecal_Click(const CalendarModel& model) { return printDocument(monthDocument(model)); }
+bool imprecal_Click(const CalendarModel& model, int index) { return printDocument(monthDocument(model, index == 1)); }
 
 bool imprimeLista_Click(const CalendarModel& model) { return printDocument(eventsDocument(model)); }
 

@@ -59,10 +59,7 @@ class YearView : public QWidget {
 
 // "CALENDARIO color " n as a colour: red in the low byte.
 QColor settingColour(int n, QColor fallback) {
-  const rt::Variant& v = program().CalendarColours[static_cast<size_t>(n)];
-  if (v.isEmpty()) return fallback;
-  const auto bgr = static_cast<std::uint32_t>(v.toDouble());
-  return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF), static_cast<int>((bgr >> 16) & 0xFF));
+  return QColor::fromRgb(static_cast<QRgb>(calendar::calendarColour(n, fallback.rgb() & 0xFFFFFFu)));
 }
 
 QString dialogFilter(const QString& classic) {
@@ -203,11 +200,16 @@ void CalendarWindow::buildMenus() {
   item(archivo, QStringLiteral("FileAbre"), Res(715), [this] { fileAction(&calendar::EventList::FileAbre_Click); });
   item(archivo, QStringLiteral("FileGuarda"), Res(60), [this] { fileAction(&calendar::EventList::FileGuarda_Click); });
   archivo->addSeparator();
-  QMenu* PrintCalenda = archivo->addMenu(Res(55));
+  QMenu* Prime = archivo->addMenu(Res(55));
+  Prime->setObjectName(QStringLiteral("Prime"));
+  QMenu* PrintCalenda = Prime->addMenu(Res(3766));
   PrintCalenda->setObjectName(QStringLiteral("PrintCalenda"));
-  item(PrintCalenda, QStringLiteral("imprecal"), Res(270), [this] { calendar::imprecal_Click(*model_); });
-  item(PrintCalenda, QStringLiteral("PrintFecha"), Res(277), [this] { calendar::PrintFecha_Click(*model_); });
-  item(PrintCalenda, QStringLiteral("imprimeLista"), Res(252), [this] { calendar::imprimeLista_Click(*model_); });
+  item(PrintCalenda, QStringLiteral("imprecal(0)"), Res(270), [this] { calendar::imprecal_Click(*model_, 0); });
+  item(PrintCalenda, QStringLiteral("imprecal(1)"), Res(1610), [this] { calendar::imprecal_Click(*model_, 1); });
+  item(Prime, QStringLiteral("PrintFecha"), Res(277), [this] { calendar::PrintFecha_Click(*model_); });
+  item(Prime, QStringLiteral("imprimeLista"), Res(252), [this] { calendar::imprimeLista_Click(*model_); });
+  archivo->addSeparator();
+  item(archivo, QStringLiteral("SysDate"), Res(251), [] { calendar::SysDate_Click(); });
   archivo->addSeparator();
   item(archivo, QStringLiteral("Salir"), Res(59), [this] { close(); });
 
@@ -252,6 +254,7 @@ void CalendarWindow::buildMenus() {
     });
     return a;
   };
+  toggle(QStringLiteral("GenInfo"), 339, 1);
   toggle(QStringLiteral("ShowFin"), 326, 2);
   toggle(QStringLiteral("santoral"), 307, 3);
   Moon = toggle(QStringLiteral("Moon"), 375, 4);

@@ -71,6 +71,7 @@ bool renderDocument(QPrinter& printer, const PrintDocument& document) {
 
   struct Placed {
     QFont font;
+    QColor colour;
     qreal x;
     QStringList rows;
   };
@@ -88,7 +89,7 @@ bool renderDocument(QPrinter& printer, const PrintDocument& document) {
       QString text = span.text;
       text.remove(QLatin1Char('\r'));  // a carriage return stays in its line and draws as nothing
       const QStringList pieces = wrap(text, fm, page.width() - x);
-      placed.append({font, x, pieces});
+      placed.append({font, QColor::fromRgb(static_cast<QRgb>(span.colour)), x, pieces});
       height = std::max(height, fm.lineSpacing());
       rows = std::max(rows, static_cast<int>(pieces.size()));
     }
@@ -103,6 +104,7 @@ bool renderDocument(QPrinter& printer, const PrintDocument& document) {
       sheet = pageNumber;
       for (const Placed& p : placed) {
         painter.setFont(p.font);
+        painter.setPen(p.colour);
         const qreal ascent = QFontMetricsF(p.font).ascent();
         for (int r = 0; r < p.rows.size(); ++r) painter.drawText(QPointF(p.x, y + r * height + ascent), p.rows.at(r));
       }

@@ -19,7 +19,7 @@ void PrintDocument::printAt(int column, const QString& text) {
     breakPending_ = false;
     open_ = true;
   }
-  current_.spans.append(PrintSpan{std::max(1, column), text, font_});
+  current_.spans.append(PrintSpan{std::max(1, column), text, font_, colour_});
 }
 
 void PrintDocument::endLine() {

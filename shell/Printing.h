@@ -6,6 +6,8 @@
 // puts the document on paper: the desktop program asks for the printer with
 // the print dialog (PrintDialog.h), tests print straight to a PDF file.
 #include <QList>
+
+#include <cstdint>
 #include <QString>
 
 struct PrintFont {
@@ -19,6 +21,7 @@ struct PrintSpan {
   int column = 1;  // 1 is the left margin; a column is one average character wide
   QString text;
   PrintFont font;
+  std::uint32_t colour = 0;  // 0xRRGGBB; black unless a report prints in colour
 };
 
 struct PrintLine {
@@ -34,6 +37,8 @@ class PrintDocument {
   // The font of what is printed from now on.
   void setFont(const QString& family, double pointSize = 10, bool bold = false);
   const PrintFont& font() const { return font_; }
+  // The ink of what is printed from now on, 0xRRGGBB (black at first).
+  void setColour(std::uint32_t rgb) { colour_ = rgb; }
   // Text at a column of the current line; the line stays open.
   void printAt(int column, const QString& text);
   // Ends the current line (an empty one when nothing was printed on it).
@@ -51,6 +56,7 @@ class PrintDocument {
  private:
   QString name_;
   PrintFont font_;
+  std::uint32_t colour_ = 0;
   PrintLine current_;
   bool open_ = false;
   bool breakPending_ = false;

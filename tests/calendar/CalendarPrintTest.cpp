@@ -3,6 +3,8 @@
 // header would print.
 #include "calendar/CalendarModel.h"
 #include "calendar/CalendarPrint.h"
+#include "shell/Platform.h"
+#include "shell/ProgramState.h"
 #include "shell/runtime/DateTime.h"
 #include "tests/support/TestSupport.h"
 
@@ -57,7 +59,7 @@ TEST_F(CalendarPrintTest, MonthPrintsItsWeeksAndDaysInArial) {
 }
 
 TEST_F(CalendarPrintTest, DateAndEventsPrintouts) {
-  program().CalendarInfo = {false, true, false, false, false, false};
+  program().CalendarInfo = {};
   EXPECT_FALSE(calendar::PrintFecha_Click(model));
   EXPECT_TRUE(printer.printed.empty());
   EXPECT_EQ(messages.shown().back().text,
@@ -73,4 +75,61 @@ TEST_F(CalendarPrintTest, DateAndEventsPrintouts) {
   model.events.addEvent(rt::DateSerial(2024, 3, 19), QStringLiteral("Santo de Pepe"));
   ASSERT_TRUE(calendar::imprimeLista_Click(model));
   EXPECT_EQ(texts(printer.printed.back()).last(), QStringLiteral("03/19  Santo de Pepe"));
+}
+
+TEST_F(CalendarPrintTest, ColourMonthInksSundaysAndEventDaysBlackAndWhiteStaysBlack) {
+  model.events.addEvent(rt::DateSerial(2024, 3, 19), QStringLiteral("Santo de Pepe"));
+  auto inkOf = [](const PrintDocument& doc, const QString& text) {
+    for (const PrintLine& l : doc.lines())
+      for (const PrintSpan& s : l.spans)
+        if (s.text == text) return std::pair{s.colour, s.font.bold};
+    return std::pair{0xFFFFFFFFu, false};
+  };
+  const PrintDocument colour = calendar::monthDocument(model, true);
+  EXPECT_EQ(inkOf(colour, QStringLiteral("17")).first, 0xC00000u);  // a Sunday
+  EXPECT_EQ(inkOf(colour, QStringLiteral("19")), std::pair(0x900000u, true));
+  EXPECT_EQ(inkOf(colour, QStringLiteral("20")), std::pair(0u, false));  // default day ink
+  program().CalendarColours[3] = rt::Variant::longValue(0x00FF00);      // stored blue-green-red: green
+  EXPECT_EQ(inkOf(calendar::monthDocument(model, true), QStringLiteral("20")).first, 0x00FF00u);
+  program().CalendarColours[3] = rt::Variant::longValue(0x0000FF);  // red in the low byte
+  EXPECT_EQ(inkOf(calendar::monthDocument(model, true), QStringLiteral("20")).first, 0xFF0000u);
+  const PrintDocument blackAndWhite = calendar::monthDocument(model, false);
+  for (const PrintLine& l : blackAndWhite.lines())
+    for (const PrintSpan& s : l.spans) EXPECT_EQ(s.colour, 0u) << s.text.toStdString();
+}
+
+TEST_F(CalendarPrintTest, GeneralInformationIsItsOwnSwitch) {
+  program().CalendarInfo = {false, false, false, false, false, true};
+  const auto rows = model.panelRows();
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0].second, QStringLiteral("Piscis"));
+  EXPECT_TRUE(calendar::PrintFecha_Click(model));
+  program().CalendarInfo = {false, true, false, false, false, false};
+  EXPECT_TRUE(calendar::PrintFecha_Click(model));  // the header alone is a kind of information
+}
+
+namespace {
+class NoDesktopSettings : public RecordingPlatform {
+ public:
+  bool runCommand(const QString& program, const QStringList& arguments) override {
+    RecordingPlatform::runCommand(program, arguments);
+    return false;
+  }
+};
+}  // namespace
+
+TEST_F(CalendarPrintTest, SystemDateOpensTheDesktopPanelOrTellsTheDateAndTime) {
+  RecordingPlatform desktop;
+  setPlatform(&desktop);
+  EXPECT_TRUE(calendar::SysDate_Click());
+  EXPECT_EQ(desktop.calls, QStringList{QStringLiteral("runCommand gnome-control-center datetime")});
+  const auto shownBefore = messages.shown().size();
+
+  NoDesktopSettings bare;
+  setPlatform(&bare);
+  EXPECT_FALSE(calendar::SysDate_Click());
+  setPlatform(nullptr);
+  EXPECT_EQ(bare.calls.size(), 2);
+  ASSERT_EQ(messages.shown().size(), shownBefore + 1);
+  EXPECT_EQ(messages.shown().back().title, QStringLiteral("Fecha / Hora del Sistema"));
 }
