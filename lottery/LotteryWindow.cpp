@@ -140,6 +140,8 @@ QWidget* LotteryWindow::buildBoard() {
   for (int c = 0; c < 12; ++c) MSFlexGrid0->setColumnWidth(c, drawWidths[c]);
   MSFlexGrid0->setColumnHidden(10, true);
   MSFlexGrid0->setColumnHidden(11, true);
+  // Wide enough for the date, the numbers, the complementary and the reintegro.
+  MSFlexGrid0->setMinimumWidth(8 + 78 + 8 * 28 + 24);
   connect(MSFlexGrid0, &QTableView::clicked, this, [this](const QModelIndex& index) {
     act([this, row = index.row()] { model_.MSFlexGrid0_Click(row + 1); });
   });
@@ -539,6 +541,9 @@ void LotteryWindow::closeEvent(QCloseEvent* event) {
 }
 
 void LotteryWindow::showScreenshotState(const QString& state) {
+  // Each state starts with the window alone: a report left open by the
+  // previous one is closed.
+  for (QDialog* d : findChildren<QDialog*>(QStringLiteral("informeLotoDialog"))) d->close();
   if (state == QLatin1String("reduction")) {
     // The tour has nobody to answer the reduction's closing message.
     ScriptedPresenter quiet;
