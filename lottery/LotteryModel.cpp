@@ -743,12 +743,18 @@ void LotteryModel::showChart(const FrequencyChart& c) {
   chartRequested = true;
 }
 
-void LotteryModel::lotoestmostrar1_Click() { showChart(frequencyChart(Res(647), frecTodas, 1, 49, QStringLiteral("49"))); }
+void LotteryModel::lotoestmostrar1_Click() {
+  if (helpInstead(kHelpDrawType)) return;
+  showChart(frequencyChart(Res(647), frecTodas, 1, 49, QStringLiteral("49")));
+}
 
-void LotteryModel::lotoestmostrar2_Click() { showChart(frequencyChart(Res(648), frecSel, 1, 49, QStringLiteral("49"))); }
+void LotteryModel::lotoestmostrar2_Click() {
+  if (helpInstead(kHelpDrawType)) return;
+  showChart(frequencyChart(Res(648), frecSel, 1, 49, QStringLiteral("49")));
+}
 
 void LotteryModel::lotoestmostrar31_Click(int list) {
-  if (list < 0 || list > 3) return;
+  if (helpInstead(kHelpDrawType) || list < 0 || list > 3) return;
   const QString title = QStringLiteral("DataBase Loto: ") + Res(535 + list) + QStringLiteral("  (") +
                         rt::NumberToTextSingle(statistics.sorteosBase) + QStringLiteral(" )");
   if (list == 3) showChart(frequencyChart(title, statistics.frecDB[3], 0, 9, QStringLiteral("10")));
@@ -756,7 +762,7 @@ void LotteryModel::lotoestmostrar31_Click(int list) {
 }
 
 void LotteryModel::lotoestmostrar41_Click(int index, bool withComplementary) {
-  if (index < 0 || index > 1) return;
+  if (helpInstead(kHelpDrawType) || index < 0 || index > 1) return;
   if (statistics.sorteosBase == 0) {
     noData();
     return;
@@ -766,6 +772,7 @@ void LotteryModel::lotoestmostrar41_Click(int index, bool withComplementary) {
 }
 
 void LotteryModel::lotoest0_Click() {
+  if (helpInstead(kHelpDrawType)) return;
   frecTodas.fill(0);
   frecSel.fill(0);
 }

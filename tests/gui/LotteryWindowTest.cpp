@@ -10,7 +10,9 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
+#include <memory>
 
 #include "lottery/DrawAnalysis.h"
 #include "lottery/LotteryWindow.h"
@@ -22,6 +24,7 @@ class LotteryWindowTest : public QObject {
   Q_OBJECT
 
  private:
+  std::unique_ptr<QTemporaryDir> appFolder_;
   template <typename T>
   static T* control(QWidget& w, const QString& name) {
     T* c = w.findChild<T*>(name);
@@ -38,7 +41,14 @@ class LotteryWindowTest : public QObject {
   }
 
  private Q_SLOTS:
-  void init() { prepareGuiTest(); }
+  // Each test works in a folder of its own: the draw file and the *.lot
+  // files it writes never land in the current directory.
+  void init() {
+    prepareGuiTest();
+    appFolder_ = std::make_unique<QTemporaryDir>();
+    program().AppFolder = rt::Variant(appFolder_->path() + QLatin1Char('/'));
+  }
+  void cleanup() { appFolder_.reset(); }
 
   void opensWithItsControlsAndFitsTheScreen() {
     LotteryWindow w;
