@@ -2,7 +2,9 @@
 // The lottery window's bets model: a 6/49 board of 49 numbers, the bet being
 // composed (at random, by hand or from a preferred list), the list of up to
 // 500 selected bets, the probability texts of the current bet and the *.lot
-// file of the selected bets.
+// file of the selected bets; reduced systems that replace the list, the
+// automatic mode (many random bets at once), and the frequencies of the
+// numbers in the bets and in the draw history with their viewers and charts.
 //
 // The view is thin: it shows `Label10` (the board) from `board`, the texts
 // from `texts`/`Label7`/`Label1Lit`, the list from `grid`, and forwards every
