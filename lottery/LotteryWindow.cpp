@@ -148,6 +148,7 @@ QWidget* LotteryWindow::buildBoard() {
   grids->addWidget(MSFlexGrid0, 1);
   MSFlexGrid1 = new QTableWidget(0, LotteryModel::kColumns, viewer);
   MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
+  MSFlexGrid1->setMinimumWidth(24 + 78 + 6 * 28 + 24);  // id, date and a simple bet without scrolling
   MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
   MSFlexGrid1->setSelectionBehavior(QAbstractItemView::SelectRows);
   MSFlexGrid1->verticalHeader()->hide();
