@@ -18,6 +18,7 @@
 #include "lottery/LotteryWindow.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
+#include "shell/WindowRegistry.h"
 #include "tests/support/GuiTestSupport.h"
 
 class LotteryWindowTest : public QObject {
@@ -148,6 +149,26 @@ class LotteryWindowTest : public QObject {
     auto* report = w.findChild<QPlainTextEdit*>(QStringLiteral("informeLoto"));
     QVERIFY(report);
     QVERIFY(report->toPlainText().startsWith(Res(632) + QStringLiteral(" 2 ")));
+  }
+
+  void aFrequencyChartGoesToTheChartWindowWhenThereIsOne() {
+    QList<QStringList> rows;
+    int line = 0;
+    QVERIFY(parseDrawsCsv("06/01/2000,1,2,3,4,20,30,5,1,P\n", rows, line));
+    QCOMPARE(storeDraws(program().AppFolder.toText() + QStringLiteral("cvxlp.dlj"), rows, false), 1);
+    registerWindowFactory(WindowId::StatisticsChart, [] { return new QWidget; });
+    LotteryWindow w;
+    show(w);
+    control<QAction>(w, QStringLiteral("lotoestmostrar31_3"))->trigger();
+    QWidget* chart = findWindow(WindowId::StatisticsChart);
+    QVERIFY(chart);
+    const QVariantMap series = chart->property("lotterySeries").toMap();
+    QCOMPARE(series.value("rangeTo").toString(), QStringLiteral("10"));
+    QCOMPARE(series.value("keys").toList().size(), 10);
+    QCOMPARE(series.value("values").toList().at(1).toDouble(), 1.0);  // reintegro 1
+    QVERIFY(series.value("title").toString().startsWith(QStringLiteral("DataBase Loto: ")));
+    QVERIFY(guiMessages().shown().empty());
+    clearWindowRegistry();
   }
 
   void drawTypeMenuSetsTheTitle() {
