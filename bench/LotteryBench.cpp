@@ -1,11 +1,16 @@
 // Analysing 500 selected bets against a 5,000-draw history: the analysis as
 // the model runs it (numbers read once, a membership table per bet) beside the
 // naive triple loop over the grid's text cells, Val on every comparison.
+// The draw statistics over the same 5,000 rows beside a plain count of the
+// drawn numbers (no filter, no lists), and beside the count over the text
+// cells with Val.
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cstdint>
 
 #include "lottery/DrawAnalysis.h"
+#include "lottery/DrawStatistics.h"
 #include "shell/ProgramState.h"
 #include "shell/runtime/NumberText.h"
 
@@ -83,5 +88,39 @@ void BM_AnalyseAllBetsNaiveCells(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_AnalyseAllBetsNaiveCells)->Unit(benchmark::kMillisecond);
+
+void BM_DrawStatisticsModel(benchmark::State& state) {
+  const Data& d = data();
+  for (auto _ : state) {
+    const DrawStatistics s = drawStatistics(d.draws, 0, [](int) { return true; });
+    benchmark::DoNotOptimize(s.sorteosBase);
+  }
+}
+BENCHMARK(BM_DrawStatisticsModel)->Unit(benchmark::kMicrosecond);
+
+void BM_DrawStatisticsPlainCount(benchmark::State& state) {
+  const Data& d = data();
+  for (auto _ : state) {
+    std::array<int, 50> counts{};
+    for (const auto& n : d.draws.numbers) {
+      for (int c = 0; c < 6; ++c) ++counts[n[c]];
+    }
+    benchmark::DoNotOptimize(counts);
+  }
+}
+BENCHMARK(BM_DrawStatisticsPlainCount)->Unit(benchmark::kMicrosecond);
+
+void BM_DrawStatisticsTextCells(benchmark::State& state) {
+  const Data& d = data();
+  for (auto _ : state) {
+    std::array<float, 50> counts{};
+    for (const QStringList& row : d.draws.rows) {
+      if (row.at(11) != QLatin1String("P")) continue;
+      for (int c = 2; c <= 7; ++c) counts[static_cast<int>(rt::Val(row.at(c)))] += 1;
+    }
+    benchmark::DoNotOptimize(counts);
+  }
+}
+BENCHMARK(BM_DrawStatisticsTextCells)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

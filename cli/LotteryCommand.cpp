@@ -2,9 +2,12 @@
 //
 //   lottery probs N          numbers 1 to N marked by hand; the eight
 //                            probability labels, Label7 and Label1
-//   lottery bets ACTION...   --bet "n ...", --random N, --pref K ["n ..."],
-//                            --delete A-B|all, --open F, --save F, in order;
-//                            then the selected bets
+//   lottery bets ACTION...   --bet "n ...", --random N, --auto, --pref K
+//                            ["n ..."], --reduce K "n ...", --delete A-B|all,
+//                            --open F, --save F, in order; then the selected
+//                            bets
+//   lottery stats [--type P|B|G|all] [--db FILE]
+//                            the draw statistics frecDB, a line per number
 //   lottery import --csv F --db FILE [--append]
 //   lottery analyse (--bet "n ..." | --lot F) [--type P|B|G|all] [--express]
 //                   [--db FILE]
@@ -22,11 +25,11 @@
 #include "lottery/LotteryModel.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
+#include "shell/runtime/NumberText.h"
 
 namespace {
 
-const QString kLaterReduction =
-    QStringLiteral("comes with the reduction and statistics work (reductions, automatic mode, statistics)");
+const QStringList kTypes{"P", "B", "G", "all"};
 
 int runProbs(CliContext& ctx) {
   if (ctx.args.size() != 1) return ctx.usage(QStringLiteral("lottery probs needs N (0-49)"));
@@ -109,15 +112,19 @@ int runBets(CliContext& ctx) {
   QStringList args = ctx.args;
   while (!args.isEmpty()) {
     Step s{args.takeFirst(), {}, {}};
-    if (s.action == QLatin1String("--auto")) return ctx.usage(QStringLiteral("lottery: --auto ") + kLaterReduction);
-    if (s.action == QLatin1String("--reduce")) {
-      return ctx.usage(QStringLiteral("lottery: --reduce ") + kLaterReduction);
+    if (s.action == QLatin1String("--auto")) {
+      steps << s;
+      continue;
     }
-    static const QStringList withValue{"--bet", "--random", "--pref", "--delete", "--open", "--save"};
+    static const QStringList withValue{"--bet", "--random", "--pref", "--reduce", "--delete", "--open", "--save"};
     if (!withValue.contains(s.action)) return ctx.usage(QStringLiteral("lottery bets: unknown action ") + s.action);
     if (args.isEmpty()) return ctx.usage(QStringLiteral("lottery bets: ") + s.action + QStringLiteral(" needs a value"));
     s.value = args.takeFirst();
     if (s.action == QLatin1String("--pref") && !args.isEmpty() && !args.first().startsWith(QLatin1String("--"))) {
+      s.extra = args.takeFirst();
+    }
+    if (s.action == QLatin1String("--reduce")) {
+      if (args.isEmpty()) return ctx.usage(QStringLiteral("lottery bets: --reduce needs K and \"n ...\""));
       s.extra = args.takeFirst();
     }
     steps << s;
@@ -142,6 +149,18 @@ int runBets(CliContext& ctx) {
       m.azarloto_Click();
       m.Command1_Click(n - 5);
       m.Command9_Click();
+    } else if (s.action == QLatin1String("--auto")) {
+      m.modoauto_Click();
+    } else if (s.action == QLatin1String("--reduce")) {
+      bool ok = false;
+      const int k = s.value.toInt(&ok);
+      QList<int> numbers;
+      if (!ok || k < 0 || k >= kReductionSystems) return ctx.usage(QStringLiteral("lottery: --reduce takes 0 to 4"));
+      if (!parseNumbers(s.extra, numbers)) return ctx.usage(QStringLiteral("lottery: --reduce takes numbers 1 to 49"));
+      m.lotoReduc5_Click(k);
+      for (int x : numbers) m.Label10_Click(x - 1);
+      m.Command9_Click();
+      if (m.lastErrorCode == 0) m.Command11_Click();  // leaves the method, as the next action needs
     } else if (s.action == QLatin1String("--pref")) {
       bool ok = false;
       const int k = s.value.toInt(&ok);
@@ -211,8 +230,7 @@ int runAnalyse(CliContext& ctx) {
   const bool express = ctx.takeFlag(QStringLiteral("--express"));
   if (hasBet == hasLot) return ctx.usage(QStringLiteral("lottery analyse needs --bet \"n ...\" or --lot F"));
   if (!ctx.args.isEmpty()) return ctx.usage(QStringLiteral("lottery analyse: unexpected argument ") + ctx.args.first());
-  static const QStringList types{"P", "B", "G", "all"};
-  if (hasType && !types.contains(type)) return ctx.usage(QStringLiteral("lottery analyse: --type is P, B, G or all"));
+  if (hasType && !kTypes.contains(type)) return ctx.usage(QStringLiteral("lottery analyse: --type is P, B, G or all"));
   QList<int> numbers;
   if (hasBet && (!parseNumbers(betText, numbers) || numbers.size() < 5 || numbers.size() > 11)) {
     return ctx.usage(QStringLiteral("lottery analyse: --bet takes 5 to 11 numbers 1 to 49"));
@@ -223,7 +241,7 @@ int runAnalyse(CliContext& ctx) {
     const QString path = program().AppFolder.toText() + QStringLiteral("cvxlp.dlj");
     if (!QFileInfo::exists(path)) return ctx.fail(QStringLiteral("lottery analyse: no draw database at ") + path);
   }
-  if (hasType) m.tipoloto_Click(static_cast<int>(types.indexOf(type)));
+  if (hasType) m.tipoloto_Click(static_cast<int>(kTypes.indexOf(type)));
   m.LotoInfoExpress = express;
   if (hasBet) {
     m.manualoto_Click();
@@ -250,6 +268,41 @@ int runAnalyse(CliContext& ctx) {
   return 0;
 }
 
+int runStats(CliContext& ctx) {
+  QString type, db;
+  const bool hasType = ctx.takeOption(QStringLiteral("--type"), type);
+  const bool hasDb = ctx.takeOption(QStringLiteral("--db"), db);
+  if (const int refused = ctx.refuseOptions()) return refused;
+  if (!ctx.args.isEmpty()) return ctx.usage(QStringLiteral("lottery stats: unexpected argument ") + ctx.args.first());
+  if (hasType && !kTypes.contains(type)) return ctx.usage(QStringLiteral("lottery stats: --type is P, B, G or all"));
+  LotteryModel m;
+  if (hasDb && !m.loadDraws(db)) return ctx.fail(QStringLiteral("lottery stats: ") + db + QStringLiteral(" is not a draw database"));
+  if (!hasDb && m.draws.rows.isEmpty()) {
+    const QString path = program().AppFolder.toText() + QStringLiteral("cvxlp.dlj");
+    if (!QFileInfo::exists(path)) return ctx.fail(QStringLiteral("lottery stats: no draw database at ") + path);
+  }
+  if (hasType) m.tipoloto_Click(static_cast<int>(kTypes.indexOf(type)));
+  const DrawStatistics& s = m.statistics;
+  if (ctx.jsonOutput) {
+    ctx.json.insert(QStringLiteral("sorteosBase"), static_cast<double>(s.sorteosBase));
+    QJsonArray lists;
+    for (const Frequencies& list : s.frecDB) {
+      QJsonArray values;
+      for (float v : list) values.append(static_cast<double>(v));
+      lists.append(values);
+    }
+    ctx.json.insert(QStringLiteral("frecDB"), lists);
+    return 0;
+  }
+  const QList<QStringList> rows = frequencyRows(s.frecDB[0], s.sorteosBase, 0);
+  for (int i = 1; i <= 49; ++i) {
+    const QStringList& row = rows.at(i - 1);
+    ctx.out << row.at(0) << '\t' << row.at(1) << '\t' << rt::NumberToTextSingle(s.frecDB[1][i]) << '\t'
+            << rt::NumberToTextSingle(s.frecDB[2][i]) << '\t' << row.at(2) << '\n';
+  }
+  return 0;
+}
+
 int runLottery(CliContext& ctx) {
   // The window's folder: the draw history sits beside the programs.
   ProgramState& p = program();
@@ -260,7 +313,7 @@ int runLottery(CliContext& ctx) {
   const QString word = ctx.args.takeFirst();
   if (word == QLatin1String("probs")) return runProbs(ctx);
   if (word == QLatin1String("bets")) return runBets(ctx);
-  if (word == QLatin1String("stats")) return ctx.usage(QStringLiteral("lottery stats ") + kLaterReduction);
+  if (word == QLatin1String("stats")) return runStats(ctx);
   if (word == QLatin1String("import")) return runImport(ctx);
   if (word == QLatin1String("analyse")) return runAnalyse(ctx);
   return ctx.usage(QStringLiteral("lottery: unknown operation ") + word);
@@ -268,5 +321,7 @@ int runLottery(CliContext& ctx) {
 
 }  // namespace
 
-CALVIX_CLI_COMMAND("lottery", "lottery probs N | bets ACTION... | import | analyse  (bets, *.lot files, draw analysis)",
+CALVIX_CLI_COMMAND("lottery",
+                   "lottery probs N | bets ACTION... | import | analyse | stats  (bets, *.lot files, reductions, "
+                   "draw analysis and statistics)",
                    runLottery);

@@ -35,6 +35,10 @@ void DrawTable::setRows(QList<QStringList> newRows) {
   rows = std::move(newRows);
   numbers.clear();
   numbers.reserve(rows.size());
+  reintegros.clear();
+  reintegros.reserve(rows.size());
+  types.clear();
+  types.reserve(rows.size());
   for (const QStringList& row : rows) {
     std::array<std::uint8_t, 7> n{};
     for (int c = 2; c <= 8; ++c) {
@@ -42,6 +46,15 @@ void DrawTable::setRows(QList<QStringList> newRows) {
       n[c - 2] = v >= 1 && v <= 49 && v == static_cast<int>(v) ? static_cast<std::uint8_t>(v) : 0;
     }
     numbers << n;
+    const QString reintegro = row.value(9);
+    std::int8_t r = -1;
+    if (!reintegro.isEmpty()) {
+      const double v = rt::Val(reintegro);
+      r = v >= 0 && v <= 49 && v == static_cast<int>(v) ? static_cast<std::int8_t>(v) : 0;
+    }
+    reintegros << r;
+    const QString type = row.value(11);
+    types << (type.size() == 1 ? type.at(0).toLatin1() : '\0');
   }
 }
 

@@ -18,6 +18,10 @@ struct DrawTable {
   // Val of cells 2 to 8 of each row, read once so that an analysis compares
   // numbers instead of texts.
   QList<std::array<std::uint8_t, 7>> numbers;
+  // Val of the reintegro (cell 9), -1 when the cell is empty.
+  QList<std::int8_t> reintegros;
+  // The type letter of cell 11 (P, B, G), 0 when missing.
+  QList<char> types;
   void setRows(QList<QStringList> newRows);
   // Reads Tabla1 of the SQLite file; false (and no rows) when the file is
   // missing or is not a draw table.

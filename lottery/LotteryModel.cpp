@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <algorithm>
+#include <cmath>
 
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
@@ -10,6 +11,7 @@
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
 #include "shell/runtime/Format.h"
+#include "shell/runtime/NumberText.h"
 #include "shell/runtime/Numeric.h"
 #include "shell/runtime/Random.h"
 #include "shell/runtime/RuntimeError.h"
@@ -18,6 +20,7 @@
 namespace {
 
 const QString kTitle = QStringLiteral("Calvix Premium  -  Bolix");
+const QString kToday = QStringLiteral("dd/mm/yyyy");
 constexpr int kMessageSound = 2;
 constexpr int kMessageStyle = 3;
 // Help topics of the menus and buttons.
@@ -210,6 +213,8 @@ void LotteryModel::pref1_Click(int index) {
 
 void LotteryModel::Command11_Click() {
   Command11Visible = false;
+  Command11Tooltip = 581;
+  reducIndex = -1;
   Label9Visible = false;
   Command9Caption = 587;
   Command9Tooltip = 580;
@@ -225,6 +230,105 @@ void LotteryModel::tipoloto_Click(int index) {
   tipoSorteo = static_cast<std::int16_t>(index);
   title = QStringLiteral(" Calvix Premium  -  Bolix  -  ") + Res(527 + index);
   if (index == 2) MBoxShow(kMessageStyle, Res(685), 3, 0, 0, kTitle);
+  computeDrawStatistics();
+  if (dbVisible) mostrardbase_Click();
+}
+
+void LotteryModel::modoauto_Click() {
+  if (helpInstead(kHelpOptions)) return;
+  const Mode before = mode;
+  mode = kAuto;
+  const int available = kMaxBets - apuestasSel;
+  program().MessageDefault = QString();
+  MBoxShow(kMessageStyle,
+           Res(649) + QStringLiteral("\n\n") + Res(650) + QLatin1Char(' ') + QString::number(apuestasSel) +
+               QLatin1Char('\n') + Res(651) + QLatin1Char(' ') + QString::number(available) + QLatin1Char('\n') +
+               Res(652),
+           5, 3, 0, QStringLiteral("Bolix  -  ") + Res(513));
+  if (program().MessageResult != 0) {
+    mode = before;
+    return;
+  }
+  double count = 0;
+  if (!rt::tryTextToDouble(program().MessageValue.toText().trimmed(), count) || count != std::floor(count) ||
+      count < 1 || count > available) {
+    mode = before;
+    showError(601);
+    return;
+  }
+  if (modoVisor) closeGrids();
+  if (Command9Caption != 587) {
+    Command9Caption = 587;
+    Command9Tooltip = 580;
+  }
+  const int total = static_cast<int>(count);
+  for (int i = 0; i < total; ++i) {
+    if (hooks.progressStep && !hooks.progressStep(i, total)) break;
+    Command1_Click(1);
+    Command9_Click();
+  }
+  azarloto_Click();
+}
+
+// ---- Reductions ------------------------------------------------------------------
+
+void LotteryModel::lotoReduc5_Click(int index) {
+  if (helpInstead(kHelpOptions) || index < 0 || index >= kReductionSystems) return;
+  const ReductionSystem& system = reductionSystem(index);
+  reducIndex = index;
+  reducNumeros = static_cast<std::int16_t>(system.numbers);
+  reducApuestas = static_cast<std::int16_t>(system.bets);
+  closeGrids();
+  manualoto_Click();
+  for (Number& n : board) n.enabled = true;
+  menusEnabled = false;
+  Command11Visible = true;
+  Command11Tooltip = 641;
+  Label9Text = Res(637) + QLatin1Char(' ') + QString::number(reducApuestas) + QLatin1Char(' ') + Res(638) +
+               QLatin1Char(' ') + QString::number(reducNumeros) + QLatin1Char(' ') + Res(561);
+  Label9Visible = true;
+  Label7 = Res(639);
+  Command9Caption = 611;
+  Command9Tooltip = 640;
+}
+
+void LotteryModel::reduce() {
+  const QList<int> marked = markedNumbers();
+  if (marked.size() != reducNumeros) {
+    lastErrorCode = 612;
+    MBoxShow(kMessageStyle,
+             Res(612) + QLatin1Char(' ') + QString::number(marked.size()) + QLatin1Char(' ') + Res(561) +
+                 QLatin1Char('.'),
+             3, 0, 0, Res(620));
+    return;
+  }
+  const QList<QList<int>> bets = reducedBets(reducIndex, marked);
+  if (apuestasSel > 0) {
+    MBoxShow(4,
+             Res(613) + QLatin1Char(' ') + QString::number(apuestasSel) + QLatin1Char(' ') + Res(614) +
+                 QLatin1Char('\n') + Res(615) + QLatin1Char(' ') + Res(616) + QLatin1Char(' ') + Res(617) +
+                 QLatin1Char('\n') + Res(618) + QLatin1Char('\n') + Res(619),
+             0, 3, 0, Res(620));
+    if (program().MessageResult != 0) return;
+  }
+  grid.clear();
+  frecSel.fill(0);
+  const QString today = rt::FormatDate(rt::Today(), kToday);
+  for (int b = 0; b < bets.size(); ++b) {
+    QStringList row(kColumns);
+    row[0] = QString::number(b + 1);
+    row[1] = today;
+    for (int i = 0; i < bets[b].size(); ++i) {
+      row[2 + i] = QString::number(bets[b][i]);
+      frecSel[bets[b][i]] += 1;
+    }
+    grid << row;
+  }
+  apuestasSel = reducApuestas;
+  Label8 = QString::number(apuestasSel);
+  scrollBars = 0;
+  MBoxShow(kMessageStyle, Res(621) + QLatin1Char('\n') + Res(622), 3, 0, 0, Res(620));
+  apuestasCambiadas = true;
 }
 
 // ---- Texts --------------------------------------------------------------------------
@@ -232,7 +336,7 @@ void LotteryModel::tipoloto_Click(int index) {
 void LotteryModel::Command8_Click() {
   for (int i = 0; i < 8; ++i) {
     texts[i].text.clear();
-    if (i != 1) texts[i].tooltip = Res(kTextRows[i].tooltip);
+    texts[i].tooltip = Res(kTextRows[i].tooltip);
   }
   Label1Lit = -1;
   Label7.clear();
@@ -285,7 +389,10 @@ void LotteryModel::Command10_Click() {
 void LotteryModel::Command9_Click() {
   if (helpInstead(kHelpOptions)) return;
   const QList<int> marked = markedNumbers();
-  if (Command9Caption == 611) return;  // reductions are handled by their own work
+  if (Command9Caption == 611) {
+    reduce();
+    return;
+  }
   if (Command9Caption == 588) {
     if (marked.size() < 12) {
       lastErrorCode = 610;
@@ -333,8 +440,11 @@ void LotteryModel::Command9_Click() {
 }
 
 void LotteryModel::closeGrids() {
+  if (dbVisible && Command9Caption == 587) Label9Visible = false;
   listVisible = false;
+  dbVisible = false;
   modoVisor = false;
+  freqGrid.clear();
 }
 
 void LotteryModel::borrapuestod_Click() {
@@ -348,6 +458,7 @@ void LotteryModel::borrapuestod_Click() {
   Command9Caption = 587;
   Command9Tooltip = 580;
   Label9Visible = false;
+  Label9bVisible = false;
   scrollBars = 0;
   closeGrids();
   clearBoard();
@@ -355,10 +466,63 @@ void LotteryModel::borrapuestod_Click() {
 }
 
 void LotteryModel::mostrarloto_Click() {
+  if (apuestasSel == 0) {
+    noData();
+    return;
+  }
+  if (dbVisible) closeGrids();
   listVisible = true;
   modoVisor = true;
-  borraapuesselEnabled = apuestasSel > 0;
+  borraapuesselEnabled = true;
   for (int r = 0; r < grid.size(); ++r) grid[r][0] = QString::number(r + 1);
+  freqCounts_ = frecSel;
+  freqTotal_ = apuestasSel;
+  fillFrequencyGrid();
+}
+
+void LotteryModel::fillFrequencyGrid() { freqGrid = frequencyRows(freqCounts_, freqTotal_, ordenActual); }
+
+void LotteryModel::ordenaloto_Click(int index) {
+  if (index < 0 || index > 2) return;
+  ordenActual = index;
+  if (modoVisor) fillFrequencyGrid();
+}
+
+void LotteryModel::mostrardbase_Click() {
+  if (listVisible) closeGrids();
+  dbRows.clear();
+  for (int i = 0; i < draws.rows.size(); ++i) {
+    if (drawPassesFilter(draws, i, tipoSorteo)) dbRows << i;
+  }
+  dbVisible = true;
+  modoVisor = true;
+  Label9Text = QStringLiteral("DataBase ") + Res(527 + tipoSorteo) + QStringLiteral("  -  ");
+  if (!dbRows.isEmpty()) {
+    Label9Text += draws.rows.at(dbRows.first()).value(1) + QStringLiteral("  -  ") +
+                  draws.rows.at(dbRows.last()).value(1);
+  }
+  Label9Visible = true;
+  freqCounts_ = statistics.frecDB[0];
+  freqTotal_ = statistics.sorteosBase;
+  fillFrequencyGrid();
+}
+
+void LotteryModel::MSFlexGrid0_Click(int row) {
+  if (!dbVisible || row < 1 || row > dbRows.size()) return;
+  const QStringList& cells = draws.rows.at(dbRows.at(row - 1));
+  const int type = static_cast<int>(QStringLiteral("PBG").indexOf(cells.value(11)));
+  QString weekday;
+  try {
+    weekday = rt::FormatDate(rt::DateValue(cells.value(1)), QStringLiteral("dddd"));
+  } catch (const rt::RuntimeError&) {
+  }
+  QStringList numbers;
+  for (int c = 2; c <= 7; ++c) numbers << cells.value(c);
+  Label9Text = (type >= 0 ? Res(527 + type) : QString()) + QStringLiteral(". ") + Res(655) + QLatin1Char(' ') +
+               weekday + QLatin1Char(' ') + cells.value(1) + QStringLiteral("  ") + numbers.join(QStringLiteral("  ")) +
+               QStringLiteral("  -  ") + cells.value(8) + QStringLiteral("  ") + QString::number(row - 1) +
+               QLatin1Char(' ') + Res(606);
+  Label9Visible = true;
 }
 
 void LotteryModel::deleteRow(int row) {
@@ -549,7 +713,69 @@ bool LotteryModel::abrirloto(const QString& path) {
 
 // ---- Analysis -------------------------------------------------------------------------------
 
-bool LotteryModel::loadDraws(const QString& path) { return draws.load(path); }
+bool LotteryModel::loadDraws(const QString& path) {
+  const bool ok = draws.load(path);
+  computeDrawStatistics();
+  return ok;
+}
+
+// ---- Statistics ------------------------------------------------------------------------------
+
+void LotteryModel::computeDrawStatistics() {
+  const int rows = static_cast<int>(draws.numbers.size());
+  std::function<bool(int)> step;
+  if (hooks.progressStep) step = [this, rows](int row) { return hooks.progressStep(row, rows); };
+  statistics = drawStatistics(draws, tipoSorteo, step);
+}
+
+void LotteryModel::noData() {
+  lastErrorCode = 646;
+  MBoxShow(kMessageStyle, QStringLiteral("¡ ") + Res(646) + QStringLiteral(" !"), 3, 0, 0, kTitle);
+}
+
+void LotteryModel::showChart(const FrequencyChart& c) {
+  chartRequested = false;
+  if (!c.hasData()) {
+    noData();
+    return;
+  }
+  chart = c;
+  chartRequested = true;
+}
+
+void LotteryModel::lotoestmostrar1_Click() {
+  if (helpInstead(kHelpDrawType)) return;
+  showChart(frequencyChart(Res(647), frecTodas, 1, 49, QStringLiteral("49")));
+}
+
+void LotteryModel::lotoestmostrar2_Click() {
+  if (helpInstead(kHelpDrawType)) return;
+  showChart(frequencyChart(Res(648), frecSel, 1, 49, QStringLiteral("49")));
+}
+
+void LotteryModel::lotoestmostrar31_Click(int list) {
+  if (helpInstead(kHelpDrawType) || list < 0 || list > 3) return;
+  const QString title = QStringLiteral("DataBase Loto: ") + Res(535 + list) + QStringLiteral("  (") +
+                        rt::NumberToTextSingle(statistics.sorteosBase) + QStringLiteral(" )");
+  if (list == 3) showChart(frequencyChart(title, statistics.frecDB[3], 0, 9, QStringLiteral("10")));
+  else showChart(frequencyChart(title, statistics.frecDB[list], 1, 49, QStringLiteral("49")));
+}
+
+void LotteryModel::lotoestmostrar41_Click(int index, bool withComplementary) {
+  if (helpInstead(kHelpDrawType) || index < 0 || index > 1) return;
+  if (statistics.sorteosBase == 0) {
+    noData();
+    return;
+  }
+  informeLoto = tenNumbersReport(statistics, index == 1, withComplementary);
+  informeTitle = Res(540 + index);
+}
+
+void LotteryModel::lotoest0_Click() {
+  if (helpInstead(kHelpDrawType)) return;
+  frecTodas.fill(0);
+  frecSel.fill(0);
+}
 
 void LotteryModel::Command6_Click() {
   const QList<int> bet = markedNumbers();
@@ -576,6 +802,10 @@ void LotteryModel::analizeapu_Click() {
   }
   Command6_Click();
   Command1Enabled[0] = wasEnabled;
+  QStringList bet;
+  for (int x : markedNumbers()) bet << QString::number(x);
+  Label9bText = Res(602) + QStringLiteral(": ") + bet.join(QStringLiteral("  "));
+  Label9bVisible = true;
 }
 
 void LotteryModel::analizeTodapu_Click() {

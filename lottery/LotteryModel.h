@@ -2,7 +2,9 @@
 // The lottery window's bets model: a 6/49 board of 49 numbers, the bet being
 // composed (at random, by hand or from a preferred list), the list of up to
 // 500 selected bets, the probability texts of the current bet and the *.lot
-// file of the selected bets.
+// file of the selected bets; reduced systems that replace the list, the
+// automatic mode (many random bets at once), and the frequencies of the
+// numbers in the bets and in the draw history with their viewers and charts.
 //
 // The view is thin: it shows `Label10` (the board) from `board`, the texts
 // from `texts`/`Label7`/`Label1Lit`, the list from `grid`, and forwards every
@@ -14,6 +16,8 @@
 #include <functional>
 
 #include "lottery/DrawAnalysis.h"
+#include "lottery/DrawStatistics.h"
+#include "lottery/Reductions.h"
 #include "shell/Printing.h"
 
 class LotteryModel {
@@ -48,6 +52,10 @@ class LotteryModel {
     // Asked before each draw (and each list row) of an analysis: the window
     // processes its events there; false stops the run (Command2).
     std::function<bool(int row, int rows)> analysisStep;
+    // Asked during the automatic mode (bets made, bets asked) and the draw
+    // statistics (rows counted, rows): the window shows the progress and
+    // processes its events there; false stops the work.
+    std::function<bool(int done, int total)> progressStep;
   };
   Hooks hooks;
 
@@ -81,11 +89,14 @@ class LotteryModel {
   int Command9Caption = 587;  // string id: 587 normal, 588 preferred list, 611 reduction
   int Command9Tooltip = 580;
   bool Command11Visible = false;
+  int Command11Tooltip = 581;
   bool Command6Enabled = false;
   bool menusEnabled = true;
   bool borraapuesselEnabled = false;
-  QString Label9Text;
+  QString Label9Text;  // Label9(0): the heading above the board or the grids
   bool Label9Visible = false;
+  QString Label9bText;  // Label9(1): the bet of the last list-row analysis
+  bool Label9bVisible = false;
   QString Label8 = QStringLiteral("0");
   QString Label7;
   std::array<Text, 8> texts;  // Label12, Label11, Label13, Label14, Label15, Label17, Label18, Label19
@@ -106,9 +117,14 @@ class LotteryModel {
   void manualoto_Click();
   void pref1_Click(int index);
   void tipoloto_Click(int index);
+  void modoauto_Click();
+  void lotoReduc5_Click(int index);
   void borrapuestod_Click();
   void borraapuessel_Click();
   void mostrarloto_Click();
+  void mostrardbase_Click();
+  void ordenaloto_Click(int index);
+  void MSFlexGrid0_Click(int row);  // a row of the draw grid (1 = first shown)
   void lotorecup_Click();
   void abrirloto_Click();
   void guardarloto_Click();
@@ -131,6 +147,30 @@ class LotteryModel {
   bool abrirloto(const QString& path);
   bool guardarloto(const QString& path);
 
+  // ---- Reductions -------------------------------------------------------------------
+  int reducIndex = -1;
+  std::int16_t reducNumeros = 0;
+  std::int16_t reducApuestas = 0;
+
+  // ---- Statistics ---------------------------------------------------------------------
+  DrawStatistics statistics;  // frecDB and sorteosBase of the draw type in use
+  void computeDrawStatistics();
+  // The draw grid MSFlexGrid1(0) (rows of the history passing the type
+  // filter, as indices into draws) and the frequency grid MSFlexGrid1(2).
+  bool dbVisible = false;
+  QList<int> dbRows;
+  QList<QStringList> freqGrid;
+  int ordenActual = 0;
+  void lotoestmostrar1_Click();          // frequencies of all bets made
+  void lotoestmostrar2_Click();          // of the selected bets
+  void lotoestmostrar31_Click(int list);  // of the draws: 0-3 as in frecDB
+  void lotoestmostrar41_Click(int index, bool withComplementary);  // ten most (0) or least (1)
+  void lotoest0_Click();
+  // The chart the last lotoestmostrar asked for; chartRequested is set when
+  // it has data (the window then opens the chart window).
+  FrequencyChart chart;
+  bool chartRequested = false;
+
   int lastErrorCode = 0;
   // Numbers marked on the board, ascending.
   QList<int> markedNumbers() const;
@@ -141,6 +181,13 @@ class LotteryModel {
   void clearBoard();
   void applyPreferred();
   void closeGrids();
+  void reduce();  // Command9 while it reads "Reducir"
+  void fillFrequencyGrid();
+  void showChart(const FrequencyChart& c);
+  void noData();
+  // What the frequency grid shows, so that ordenaloto can sort it again.
+  Frequencies freqCounts_{};
+  double freqTotal_ = 0;
   void deleteRow(int row);
 };
 

@@ -19,10 +19,15 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QAbstractTableModel>
+#include <QApplication>
+#include <QTableView>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "shell/MessageService.h"
 #include "shell/Strings.h"
+#include "shell/WindowRegistry.h"
 
 namespace {
 
@@ -42,10 +47,46 @@ QString dialogFilter(const QString& filter) {
 
 }  // namespace
 
+// The draw grid reads the model's rows straight, so that showing thousands of
+// draws costs nothing up front.
+class DrawGridModel : public QAbstractTableModel {
+ public:
+  explicit DrawGridModel(const LotteryModel& model, QObject* parent) : QAbstractTableModel(parent), model_(model) {}
+  // Shows these rows of the history (a copy, so the view never reads a list
+  // the model is changing).
+  void reload(const QList<int>& rows) {
+    if (rows == rows_) return;
+    beginResetModel();
+    rows_ = rows;
+    endResetModel();
+  }
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  }
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 12; }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole || !index.isValid() || index.column() == 0) return {};
+    return model_.draws.rows.value(rows_.at(index.row())).value(index.column());
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    static const char* const heads[12] = {"",   "",   "N1", "N2", "N3",       "N4",
+                                          "N5", "N6", "C",  "R",  "Sorteo", "Tipo"};
+    return section == 1 ? Res(624) : QString::fromLatin1(heads[section]);
+  }
+
+ private:
+  const LotteryModel& model_;
+  QList<int> rows_;
+};
+
 LotteryWindow::LotteryWindow(QWidget* parent) : QMainWindow(parent) {
   setObjectName(QStringLiteral("Lottery"));
   setAttribute(Qt::WA_DeleteOnClose);
-  setProperty("screenshotStates", QStringList{QStringLiteral("multiple"), QStringLiteral("report")});
+  setProperty("screenshotStates", QStringList{QStringLiteral("multiple"), QStringLiteral("report"),
+                                              QStringLiteral("reduction"), QStringLiteral("database"),
+                                              QStringLiteral("ten")});
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("report"), QStringLiteral("ten")});
   model_.hooks.fileDialog = [this](const LotteryModel::FileDialogRequest& r) { return askFileName(r); };
 
   auto* central = new QWidget(this);
@@ -64,6 +105,9 @@ QWidget* LotteryWindow::buildBoard() {
   Label9 = new QLabel(box);
   Label9->setObjectName(QStringLiteral("Label9"));
   v->addWidget(Label9);
+  Label9_1 = new QLabel(box);
+  Label9_1->setObjectName(QStringLiteral("Label9_1"));
+  v->addWidget(Label9_1);
 
   stack_ = new QStackedWidget(box);
   auto* board = new QWidget(stack_);
@@ -79,8 +123,32 @@ QWidget* LotteryWindow::buildBoard() {
     Label10[i] = b;
   }
   stack_->addWidget(board);
-  MSFlexGrid1 = new QTableWidget(0, LotteryModel::kColumns, stack_);
+  auto* viewer = new QWidget(stack_);
+  auto* grids = new QHBoxLayout(viewer);
+  grids->setContentsMargins(0, 0, 0, 0);
+  MSFlexGrid0 = new QTableView(viewer);
+  MSFlexGrid0->setObjectName(QStringLiteral("MSFlexGrid0"));
+  drawGrid_ = new DrawGridModel(model_, this);
+  MSFlexGrid0->setModel(drawGrid_);
+  MSFlexGrid0->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  MSFlexGrid0->setSelectionBehavior(QAbstractItemView::SelectRows);
+  MSFlexGrid0->setSelectionMode(QAbstractItemView::SingleSelection);
+  MSFlexGrid0->verticalHeader()->hide();
+  MSFlexGrid0->verticalHeader()->setDefaultSectionSize(20);
+  MSFlexGrid0->horizontalHeader()->setMinimumSectionSize(0);
+  const int drawWidths[12] = {8, 78, 28, 28, 28, 28, 28, 28, 28, 28, 0, 0};
+  for (int c = 0; c < 12; ++c) MSFlexGrid0->setColumnWidth(c, drawWidths[c]);
+  MSFlexGrid0->setColumnHidden(10, true);
+  MSFlexGrid0->setColumnHidden(11, true);
+  // Wide enough for the date, the numbers, the complementary and the reintegro.
+  MSFlexGrid0->setMinimumWidth(8 + 78 + 8 * 28 + 24);
+  connect(MSFlexGrid0, &QTableView::clicked, this, [this](const QModelIndex& index) {
+    act([this, row = index.row()] { model_.MSFlexGrid0_Click(row + 1); });
+  });
+  grids->addWidget(MSFlexGrid0, 1);
+  MSFlexGrid1 = new QTableWidget(0, LotteryModel::kColumns, viewer);
   MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
+  MSFlexGrid1->setMinimumWidth(24 + 78 + 6 * 28 + 24);  // id, date and a simple bet without scrolling
   MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
   MSFlexGrid1->setSelectionBehavior(QAbstractItemView::SelectRows);
   MSFlexGrid1->verticalHeader()->hide();
@@ -100,7 +168,31 @@ QWidget* LotteryWindow::buildBoard() {
     model_.gridRow = ranges.first().topRow() + 1;
     model_.gridRowSel = ranges.first().bottomRow() + 1;
   });
-  stack_->addWidget(MSFlexGrid1);
+  grids->addWidget(MSFlexGrid1, 1);
+  MSFlexGrid2 = new QTableWidget(0, 3, viewer);
+  MSFlexGrid2->setObjectName(QStringLiteral("MSFlexGrid2"));
+  MSFlexGrid2->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  MSFlexGrid2->verticalHeader()->hide();
+  MSFlexGrid2->verticalHeader()->setDefaultSectionSize(20);
+  MSFlexGrid2->setHorizontalHeaderLabels({Res(625), Res(626), QStringLiteral("%")});
+  // 540, 850 and 750 twips.
+  MSFlexGrid2->setColumnWidth(0, 40);
+  MSFlexGrid2->setColumnWidth(1, 60);
+  MSFlexGrid2->setColumnWidth(2, 54);
+  MSFlexGrid2->setFixedWidth(40 + 60 + 54 + 22);
+  MSFlexGrid2->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(MSFlexGrid2, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+    QMenu menu(this);
+    for (int k = 0; k < 3; ++k) {
+      QAction* a = menu.addAction(Res(547 + k), this, [this, k] { act([this, k] { model_.ordenaloto_Click(k); }); });
+      a->setObjectName(QStringLiteral("ordenaloto_%1").arg(k));
+      a->setCheckable(true);
+      a->setChecked(model_.ordenActual == k);
+    }
+    menu.exec(MSFlexGrid2->viewport()->mapToGlobal(at));
+  });
+  grids->addWidget(MSFlexGrid2, 0);
+  stack_->addWidget(viewer);
   v->addWidget(stack_);
 
   auto* sizes = new QHBoxLayout;
@@ -184,6 +276,7 @@ void LotteryWindow::buildMenus() {
   add(ficheroloto, "imprimeloto", 503, [this] { model_.imprimeloto_Click(); });
   QMenu* editloto = menuBar()->addMenu(Res(504));
   add(editloto, "mostrarloto", 505, [this] { model_.mostrarloto_Click(); });
+  add(editloto, "mostrardbase", 506, [this] { model_.mostrardbase_Click(); });
   QMenu* borrarloto = editloto->addMenu(Res(507));
   add(borrarloto, "borrapuestod", 508, [this] { model_.borrapuestod_Click(); });
   borraapuessel = add(borrarloto, "borraapuessel", 509, [this] { model_.borraapuessel_Click(); });
@@ -191,9 +284,19 @@ void LotteryWindow::buildMenus() {
   auto* modes = new QActionGroup(this);
   azarloto = add(opciones, "azarloto", 511, [this] { model_.azarloto_Click(); });
   manualoto = add(opciones, "manualoto", 512, [this] { model_.manualoto_Click(); });
-  for (QAction* a : {azarloto, manualoto}) {
+  modoauto = opciones->addAction(Res(513));
+  modoauto->setObjectName(QStringLiteral("modoauto"));
+  connect(modoauto, &QAction::triggered, this, [this] { runLong([this] { model_.modoauto_Click(); }); });
+  for (QAction* a : {azarloto, manualoto, modoauto}) {
     a->setCheckable(true);
     modes->addAction(a);
+  }
+  QMenu* lotoRed = opciones->addMenu(Res(514));
+  QMenu* lotoRed5 = lotoRed->addMenu(Res(515));
+  for (int k = 0; k < kReductionSystems; ++k) {
+    QAction* a = lotoRed5->addAction(Res(516 + k));
+    a->setObjectName(QStringLiteral("lotoReduc5_%1").arg(k));
+    connect(a, &QAction::triggered, this, [this, k] { act([this, k] { model_.lotoReduc5_Click(k); }); });
   }
   QMenu* preferidos = opciones->addMenu(Res(521));
   auto* prefs = new QActionGroup(this);
@@ -217,9 +320,36 @@ void LotteryWindow::buildMenus() {
     a->setObjectName(QStringLiteral("tipoloto_%1").arg(k));
     a->setCheckable(true);
     types->addAction(a);
-    connect(a, &QAction::triggered, this, [this, k] { act([this, k] { model_.tipoloto_Click(k); }); });
+    connect(a, &QAction::triggered, this, [this, k] { runLong([this, k] { model_.tipoloto_Click(k); }); });
     tipoloto[k] = a;
   }
+  lotoestad->addSeparator();
+  const auto chart = [this](QMenu* menu, const QString& name, const QString& caption, auto handler) {
+    QAction* a = menu->addAction(caption);
+    a->setObjectName(name);
+    connect(a, &QAction::triggered, this, [this, handler] {
+      act(handler);
+      openChart();
+    });
+  };
+  chart(lotoestad, QStringLiteral("lotoestmostrar1"), Res(532), [this] { model_.lotoestmostrar1_Click(); });
+  chart(lotoestad, QStringLiteral("lotoestmostrar2"), Res(533), [this] { model_.lotoestmostrar2_Click(); });
+  QMenu* lotoestmostrar3 = lotoestad->addMenu(Res(534));
+  for (int k = 0; k < 4; ++k) {
+    chart(lotoestmostrar3, QStringLiteral("lotoestmostrar31_%1").arg(k), Res(535 + k),
+          [this, k] { model_.lotoestmostrar31_Click(k); });
+  }
+  lotoestad->addSeparator();
+  for (int k = 0; k < 2; ++k) {
+    QMenu* ten = lotoestad->addMenu(Res(540 + k));
+    for (int c = 0; c < 2; ++c) {
+      QAction* a = ten->addAction(Res(c == 0 ? 634 : 643));
+      a->setObjectName(QStringLiteral("lotoestmostrar41_%1_%2").arg(k).arg(c));
+      connect(a, &QAction::triggered, this, [this, k, c] { showTen(k, c == 1); });
+    }
+  }
+  lotoestad->addSeparator();
+  add(lotoestad, "lotoest0", 539, [this] { model_.lotoest0_Click(); });
   menuActions_ = {ficheroloto->menuAction(), editloto->menuAction(), opciones->menuAction(), lotoestad->menuAction()};
 }
 
@@ -244,6 +374,7 @@ void LotteryWindow::refresh() {
   Command9->setText(Res(model_.Command9Caption));
   Command9->setToolTip(Res(model_.Command9Tooltip));
   Command11->setVisible(model_.Command11Visible);
+  Command11->setToolTip(Res(model_.Command11Tooltip));
   Command6->setEnabled(model_.Command6Enabled && !running_);
   Command2->setVisible(running_);
   ProgressBar1->setVisible(running_);
@@ -260,14 +391,28 @@ void LotteryWindow::refresh() {
   Label8->setText(model_.Label8);
   Label9->setText(model_.Label9Text);
   Label9->setVisible(model_.Label9Visible);
+  Label9_1->setText(model_.Label9bText);
+  Label9_1->setVisible(model_.Label9bVisible);
   for (QAction* a : menuActions_) a->setEnabled(model_.menusEnabled);
   borraapuessel->setEnabled(model_.borraapuesselEnabled);
   azarloto->setChecked(model_.mode == LotteryModel::kRandom);
   manualoto->setChecked(model_.mode == LotteryModel::kManual);
+  modoauto->setChecked(model_.mode == LotteryModel::kAuto);
   if (model_.prefActiva >= 0 && model_.prefActiva < 6) pref1[model_.prefActiva]->setChecked(true);
   tipoloto[model_.tipoSorteo]->setChecked(true);
 
-  stack_->setCurrentIndex(model_.listVisible ? 1 : 0);
+  stack_->setCurrentIndex(model_.listVisible || model_.dbVisible ? 1 : 0);
+  MSFlexGrid0->setVisible(model_.dbVisible);
+  MSFlexGrid1->setVisible(!model_.dbVisible);
+  drawGrid_->reload(model_.dbVisible ? model_.dbRows : QList<int>());
+  MSFlexGrid2->setRowCount(static_cast<int>(model_.freqGrid.size()));
+  for (int r = 0; r < model_.freqGrid.size(); ++r) {
+    for (int c = 0; c < 3; ++c) {
+      auto* item = new QTableWidgetItem(model_.freqGrid.at(r).at(c));
+      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      MSFlexGrid2->setItem(r, c, item);
+    }
+  }
   QStringList heads{QStringLiteral("id"), Res(624)};
   for (int c = 1; c <= 11; ++c) heads << QStringLiteral("n%1").arg(c);
   MSFlexGrid1->setHorizontalHeaderLabels(heads);
@@ -303,6 +448,60 @@ void LotteryWindow::analyse(bool allRows) {
   model_.hooks.analysisStep = {};
   running_ = false;
   refresh();
+  if (!model_.informeTitle.isEmpty()) showReport();
+}
+
+void LotteryWindow::runLong(const std::function<void()>& work) {
+  if (running_) return;
+  stop_ = false;
+  running_ = true;
+  QElapsedTimer sinceEvents;
+  sinceEvents.start();
+  model_.hooks.progressStep = [this, &sinceEvents](int done, int total) {
+    if (sinceEvents.elapsed() >= 30) {
+      ProgressBar1->setMaximum(total);
+      ProgressBar1->setValue(done);
+      QCoreApplication::processEvents();
+      sinceEvents.restart();
+    }
+    return !stop_;
+  };
+  refresh();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  work();
+  QApplication::restoreOverrideCursor();
+  model_.hooks.progressStep = {};
+  running_ = false;
+  refresh();
+}
+
+void LotteryWindow::openChart() {
+  if (!model_.chartRequested) return;
+  model_.chartRequested = false;
+  if (!hasWindowFactory(WindowId::StatisticsChart)) {
+    MBoxShow(3, Res(686), 3, 0, 0, model_.chart.title);
+    return;
+  }
+  QVariantList keys, values;
+  for (int k : model_.chart.keys) keys << k;
+  for (double v : model_.chart.values) values << v;
+  const QVariantMap series{{QStringLiteral("title"), model_.chart.title},
+                           {QStringLiteral("rangeFrom"), model_.chart.rangeFrom},
+                           {QStringLiteral("rangeTo"), model_.chart.rangeTo},
+                           {QStringLiteral("keys"), keys},
+                           {QStringLiteral("values"), values}};
+  QWidget* w = OpenWindow(WindowId::StatisticsChart);
+  if (!w) return;
+  // The chart window takes the series through a slot when it offers one.
+  w->setProperty("lotterySeries", series);
+  if (w->metaObject()->indexOfMethod("showSeries(QVariantMap)") >= 0) {
+    QMetaObject::invokeMethod(w, "showSeries", Q_ARG(QVariantMap, series));
+  }
+}
+
+void LotteryWindow::showTen(int index, bool withComplementary) {
+  model_.informeTitle.clear();
+  act([this, index, withComplementary] { model_.lotoestmostrar41_Click(index, withComplementary); });
   if (!model_.informeTitle.isEmpty()) showReport();
 }
 
@@ -343,6 +542,34 @@ void LotteryWindow::closeEvent(QCloseEvent* event) {
 }
 
 void LotteryWindow::showScreenshotState(const QString& state) {
+  // Each state starts with the window alone: a report left open by the
+  // previous one is closed.
+  for (QDialog* d : findChildren<QDialog*>(QStringLiteral("informeLotoDialog"))) d->close();
+  if (state == QLatin1String("reduction")) {
+    // The tour has nobody to answer the reduction's closing message.
+    ScriptedPresenter quiet;
+    PresenterScope scope(&quiet);
+    model_.borrapuestod_Click();
+    model_.lotoReduc5_Click(4);
+    for (int x : {3, 7, 12, 15, 19, 22, 26, 30, 33, 38, 41, 45}) model_.Label10_Click(x - 1);
+    model_.Command9_Click();
+    model_.Command11_Click();
+    model_.mostrarloto_Click();
+    refresh();
+    return;
+  }
+  if (state == QLatin1String("database")) {
+    model_.mostrardbase_Click();
+    model_.ordenaloto_Click(2);
+    model_.MSFlexGrid0_Click(1);
+    refresh();
+    return;
+  }
+  if (state == QLatin1String("ten")) {
+    if (model_.modoVisor) model_.Command9_Click();
+    showTen(0, false);
+    return;
+  }
   model_.manualoto_Click();
   for (int x : {3, 9, 14, 21, 27, 33, 38, 42, 47}) model_.Label10_Click(x - 1);
   refresh();

@@ -99,12 +99,75 @@ TEST(LotteryCommand, PreferredListRestrictsLaterRandomBets) {
   for (const QString& x : lines(r).at(0).section('\t', 2).split(' ')) EXPECT_LE(x.toInt(), 12);
 }
 
-TEST(LotteryCommand, BadUsageAndLaterWorkExit2) {
-  const QStringList rows[] = {{"bets", "--random", "4"}, {"bets", "--bet", "0 50"}, {"bets", "--delete", "1-2"},
-                              {"bets", "--auto"},        {"bets", "--reduce", "1", "1 2 3"},
-                              {"stats"},                 {"bets", "--frobnicate"}};
+TEST(LotteryCommand, BadUsageExits2) {
+  const QStringList rows[] = {{"bets", "--random", "4"},        {"bets", "--bet", "0 50"},
+                              {"bets", "--delete", "1-2"},      {"bets", "--reduce", "5", "1 2 3 4 5 6 7 8"},
+                              {"bets", "--reduce", "0"},        {"stats", "--type", "X"},
+                              {"stats", "--frobnicate"},        {"bets", "--frobnicate"}};
   for (const QStringList& args : rows) EXPECT_EQ(lottery(args).exitCode, 2) << args.join(' ').toStdString();
-  EXPECT_TRUE(lottery({"stats"}).err.contains(QStringLiteral("reduction")));
+}
+
+TEST(LotteryCommand, ReduceReplacesTheListAfterItsQuestion) {
+  CliRun r = lottery({"bets", "--reduce", "0", "8 1 2 3 4 5 6 7"});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  QStringList out = lines(r);
+  ASSERT_EQ(out.size(), 4);
+  EXPECT_EQ(out.at(0).section('\t', 2), QStringLiteral("2 3 4 5 6 7"));
+  EXPECT_EQ(out.at(3).section('\t', 2), QStringLiteral("1 2 3 6 7 8"));
+  // With a bet in the list the question takes the first answer: 1 cancels.
+  r = runCli({"--decimal", ".", "--answer", "1", "lottery", "bets", "--bet", "40 41 42 43 44 45", "--reduce", "0",
+              "1 2 3 4 5 6 7 8"});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  ASSERT_EQ(lines(r).size(), 1);
+  r = runCli({"--decimal", ".", "--answer", "0", "lottery", "bets", "--bet", "40 41 42 43 44 45", "--reduce", "1",
+              "1 2 3 4 5 6 7 8 9", "--random", "6"});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  ASSERT_EQ(lines(r).size(), 8);
+  EXPECT_EQ(lines(r).at(0).section('\t', 2), QStringLiteral("1 2 3 4 5 6"));
+  r = lottery({"bets", "--reduce", "1", "1 2 3"});
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_TRUE(r.err.contains(QStringLiteral("3 Números."))) << r.err.toStdString();
+}
+
+TEST(LotteryCommand, AutoTakesItsCountFromTheAnswer) {
+  CliRun r = runCli({"--decimal", ".", "--json", "--answer", "7", "lottery", "bets", "--auto"});
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  const QJsonObject o = json(r);
+  EXPECT_EQ(o.value("apuestasSel").toInt(), 7);
+  double made = 0;
+  for (const auto& v : o.value("frecTodas").toArray()) made += v.toDouble();
+  EXPECT_EQ(made, 42);
+  r = runCli({"--decimal", ".", "--answer", "0", "lottery", "bets", "--auto"});
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_TRUE(r.err.contains(QStringLiteral("Número de Apuestas No Válido"))) << r.err.toStdString();
+}
+
+TEST(LotteryCommand, StatsPrintsFrecDBByTypeFromTheDatabase) {
+  QTemporaryDir dir;
+  const QString csv = dir.filePath(QStringLiteral("d.csv"));
+  const QString db = dir.filePath(QStringLiteral("d.dlj"));
+  QFile f(csv);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("06/01/2000,1,2,3,4,20,30,5,1,P\n09/01/2000,1,2,3,4,5,6,7,,B\n13/01/2000,1,9,10,11,12,13,2,3,P\n");
+  f.close();
+  ASSERT_EQ(lottery({"import", "--csv", csv, "--db", db}).exitCode, 0);
+  CliRun r = lottery({"stats", "--db", db}, QStringLiteral(","));
+  ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+  const QStringList out = lines(r);
+  ASSERT_EQ(out.size(), 49);
+  EXPECT_EQ(out.at(0), QStringLiteral("1\t2\t2\t0\t100,00"));
+  EXPECT_EQ(out.at(1), QStringLiteral("2\t1\t2\t1\t50,00"));
+  EXPECT_EQ(out.at(4), QStringLiteral("5\t0\t1\t1\t0,00"));
+  EXPECT_EQ(out.at(48), QStringLiteral("49\t0\t0\t0\t0,00"));
+  const QJsonObject o = json(lottery({"--json", "stats", "--db", db, "--type", "all"}));
+  EXPECT_EQ(o.value("sorteosBase").toInt(), 3);
+  const QJsonArray lists = o.value("frecDB").toArray();
+  ASSERT_EQ(lists.size(), 4);
+  for (const auto& list : lists) EXPECT_EQ(list.toArray().size(), 50);
+  EXPECT_EQ(lists.at(0).toArray().at(1).toInt(), 3);
+  EXPECT_EQ(lists.at(3).toArray().at(1).toInt(), 1);  // reintegros 1 and 3; the empty one is not counted
+  EXPECT_EQ(lists.at(3).toArray().at(0).toInt(), 0);
+  EXPECT_EQ(lottery({"stats", "--db", dir.filePath("none.dlj")}).exitCode, 1);
 }
 
 TEST(LotteryCommand, ImportReplacesOrAppendsAndRefusesABadLine) {

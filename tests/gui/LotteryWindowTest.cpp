@@ -8,19 +8,24 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
+#include <memory>
 
 #include "lottery/DrawAnalysis.h"
 #include "lottery/LotteryWindow.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
+#include "shell/WindowRegistry.h"
 #include "tests/support/GuiTestSupport.h"
 
 class LotteryWindowTest : public QObject {
   Q_OBJECT
 
  private:
+  std::unique_ptr<QTemporaryDir> appFolder_;
   template <typename T>
   static T* control(QWidget& w, const QString& name) {
     T* c = w.findChild<T*>(name);
@@ -37,7 +42,14 @@ class LotteryWindowTest : public QObject {
   }
 
  private Q_SLOTS:
-  void init() { prepareGuiTest(); }
+  // Each test works in a folder of its own: the draw file and the *.lot
+  // files it writes never land in the current directory.
+  void init() {
+    prepareGuiTest();
+    appFolder_ = std::make_unique<QTemporaryDir>();
+    program().AppFolder = rt::Variant(appFolder_->path() + QLatin1Char('/'));
+  }
+  void cleanup() { appFolder_.reset(); }
 
   void opensWithItsControlsAndFitsTheScreen() {
     LotteryWindow w;
@@ -95,6 +107,68 @@ class LotteryWindowTest : public QObject {
     auto* grid = control<QTableWidget>(w, QStringLiteral("MSFlexGrid1"));
     QVERIFY(grid->isVisible());
     QCOMPARE(grid->item(0, 8)->text(), QStringLiteral("7"));
+  }
+
+  void reductionAutomaticModeAndDatabaseViewerFromTheMenus() {
+    QList<QStringList> rows;
+    int line = 0;
+    QVERIFY(parseDrawsCsv("06/01/2000,1,2,3,4,20,30,5,1,P\n07/01/2000,1,2,3,4,5,6,7,2,B\n", rows, line));
+    QCOMPARE(storeDraws(program().AppFolder.toText() + QStringLiteral("cvxlp.dlj"), rows, false), 2);
+    LotteryWindow w;
+    show(w);
+    control<QAction>(w, QStringLiteral("lotoReduc5_0"))->trigger();
+    QCOMPARE(control<QPushButton>(w, QStringLiteral("Command9"))->text(), Res(611));
+    QVERIFY(control<QPushButton>(w, QStringLiteral("Command11"))->isVisible());
+    for (int x : {1, 2, 3, 4, 5, 6, 7, 8}) click(w, QStringLiteral("Label10_%1").arg(x - 1));
+    click(w, QStringLiteral("Command9"));
+    QCOMPARE(control<QLabel>(w, QStringLiteral("Label8"))->text(), QStringLiteral("4"));
+    click(w, QStringLiteral("Command11"));
+
+    guiMessages().queueText(QStringLiteral("5"));
+    control<QAction>(w, QStringLiteral("modoauto"))->trigger();
+    QCOMPARE(control<QLabel>(w, QStringLiteral("Label8"))->text(), QStringLiteral("9"));
+    QVERIFY(control<QAction>(w, QStringLiteral("azarloto"))->isChecked());
+
+    control<QAction>(w, QStringLiteral("mostrardbase"))->trigger();
+    auto* draws = control<QTableView>(w, QStringLiteral("MSFlexGrid0"));
+    QVERIFY(draws->isVisible());
+    QCOMPARE(draws->model()->rowCount(), 1);  // Primitiva only
+    auto* frequencies = control<QTableWidget>(w, QStringLiteral("MSFlexGrid2"));
+    QCOMPARE(frequencies->rowCount(), 49);
+    QCOMPARE(frequencies->item(0, 2)->text(), QStringLiteral("100.00"));
+    QTest::mouseClick(draws->viewport(), Qt::LeftButton, {}, draws->visualRect(draws->model()->index(0, 3)).center());
+    QVERIFY(control<QLabel>(w, QStringLiteral("Label9"))->text().startsWith(QStringLiteral("Primitiva. ")));
+    control<QAction>(w, QStringLiteral("tipoloto_3"))->trigger();
+    QCOMPARE(draws->model()->rowCount(), 2);
+
+    // No chart window in this program: a plain message says so.
+    guiMessages().clear();
+    control<QAction>(w, QStringLiteral("lotoestmostrar31_0"))->trigger();
+    QCOMPARE(guiMessages().shown().back().text, Res(686));
+    control<QAction>(w, QStringLiteral("lotoestmostrar41_0_0"))->trigger();
+    auto* report = w.findChild<QPlainTextEdit*>(QStringLiteral("informeLoto"));
+    QVERIFY(report);
+    QVERIFY(report->toPlainText().startsWith(Res(632) + QStringLiteral(" 2 ")));
+  }
+
+  void aFrequencyChartGoesToTheChartWindowWhenThereIsOne() {
+    QList<QStringList> rows;
+    int line = 0;
+    QVERIFY(parseDrawsCsv("06/01/2000,1,2,3,4,20,30,5,1,P\n", rows, line));
+    QCOMPARE(storeDraws(program().AppFolder.toText() + QStringLiteral("cvxlp.dlj"), rows, false), 1);
+    registerWindowFactory(WindowId::StatisticsChart, [] { return new QWidget; });
+    LotteryWindow w;
+    show(w);
+    control<QAction>(w, QStringLiteral("lotoestmostrar31_3"))->trigger();
+    QWidget* chart = findWindow(WindowId::StatisticsChart);
+    QVERIFY(chart);
+    const QVariantMap series = chart->property("lotterySeries").toMap();
+    QCOMPARE(series.value("rangeTo").toString(), QStringLiteral("10"));
+    QCOMPARE(series.value("keys").toList().size(), 10);
+    QCOMPARE(series.value("values").toList().at(1).toDouble(), 1.0);  // reintegro 1
+    QVERIFY(series.value("title").toString().startsWith(QStringLiteral("DataBase Loto: ")));
+    QVERIFY(guiMessages().shown().empty());
+    clearWindowRegistry();
   }
 
   void drawTypeMenuSetsTheTitle() {

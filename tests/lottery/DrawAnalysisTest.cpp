@@ -182,6 +182,9 @@ TEST_F(DrawAnalysisTest, TheModelAnalysesTheBoardAndEveryListRow) {
   EXPECT_EQ(m.analysis.premios[9], 1);  // 4 hits and the complementary
   EXPECT_EQ(m.informeLoto.count(QStringLiteral("Sorteos de Primitiva")), 2);
   EXPECT_FALSE(m.informeLoto.contains(QStringLiteral("Sorteo Thu")));  // forced express
+  // The last row analysed is named under the board.
+  EXPECT_TRUE(m.Label9bVisible);
+  EXPECT_EQ(m.Label9bText, Res(602) + QStringLiteral(": 1  2  3  4  5"));
 
   // Stopped at the second row: nothing is shown.
   m.hooks.analysisStep = [](int row, int) { return row < 1; };
