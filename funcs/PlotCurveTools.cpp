@@ -372,13 +372,27 @@ bool PlotCurveTools::computeDifference() {
   return true;
 }
 
+// While a smoothing works the panel computes nothing: column 5 is half written.
+bool PlotCurveTools::refusePanelWhileRunning() {
+  if (!running()) return false;
+  if (diffPanel) {
+    showError(Res(2204));
+  } else {
+    context() = Res(1753);
+    report(202);
+  }
+  return true;
+}
+
 bool PlotCurveTools::Command15_Click() {
+  if (refusePanelWhileRunning()) return true;
   if (!diffPanel) return false;
   if (!helpInstead(kHelpTopic) && !refuseWhileRunning()) computeDifference();
   return true;
 }
 
 bool PlotCurveTools::Command13_Click() {
+  if (refusePanelWhileRunning()) return true;
   if (!diffPanel) return false;
   if (helpInstead(kHelpTopic) || refuseWhileRunning() || !computeDifference()) return true;
   m_.Picture5Visible = false;

@@ -56,7 +56,7 @@ class PlotCurveTools {
   // Esc while a task runs cancels it; true when taken.
   bool Form_KeyDown(int key);
   // The interval panel's Calculate and Accept in difference mode; false when
-  // the panel is the integral's.
+  // the panel is the integral's and may go on (no smoothing at work).
   bool Command15_Click();
   bool Command13_Click();
 
@@ -85,6 +85,7 @@ class PlotCurveTools {
   void smoothingOff();
   void finishSmoothing();
   bool computeDifference();
+  bool refusePanelWhileRunning();
   void showError(const QString& text, const QString& title = {});
 
   PlotModel& m_;

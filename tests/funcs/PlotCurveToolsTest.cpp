@@ -299,9 +299,14 @@ TEST_F(PlotCurveToolsTest, SmoothingInSlicesRefusesOtherMenusAndStopsOnEsc) {
   messages.clear();
   tools.PlotRegression_Click(0);
   tools.DiffYs_Click();
-  ASSERT_EQ(messages.shown().size(), 2u);
+  m.integRange_Click();
+  m.Command15_Click();  // the integral over a half-written column
+  ASSERT_EQ(messages.shown().size(), 3u);
+  EXPECT_TRUE(messages.shown()[1].text.contains(Res(2204)));
+  EXPECT_TRUE(lastMessage().contains(Res(2202)));
   EXPECT_TRUE(lastMessage().contains(Res(2204)));
   EXPECT_EQ(tools.fitKind(), -1);
+  EXPECT_FALSE(m.integralGRAF);
 
   EXPECT_TRUE(tools.Form_KeyDown(Qt::Key_Escape));
   EXPECT_FALSE(tools.running());
