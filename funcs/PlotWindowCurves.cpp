@@ -145,6 +145,7 @@ bool PlotWindow::showCurveState(const QString& state) {
   if (tableWindow_) tableWindow_->refresh();
   hide();
   show();
+  if (m.mostrarGx) m.mostrarGx_Click();  // F alone, so the derived curve stands out
   PlotCurveTools& tools = m.tools;
   ScriptedPresenter answers;
   PresenterScope scope(&answers);
@@ -166,9 +167,7 @@ bool PlotWindow::showCurveState(const QString& state) {
     tools.DiffYs_Click();
     refresh();
     m.Text5 = {QStringLiteral("2"), QStringLiteral("8")};
-    m.Command14_Click();
-    refresh();
-    m.Command15_Click();
+    m.Command13_Click();
     refresh();
   }
   return true;
