@@ -48,12 +48,6 @@ TEST(PlotCurvesCommand, SmoothingPrintsTitleAndColumn5AndASecondClickToggles) {
   EXPECT_EQ(o.value("suavePlot").toInt(), -1);
   EXPECT_EQ(o.value("sourceColumn").toInt(), 1);
   EXPECT_TRUE(o.value("smoothed").toArray().isEmpty());
-
-  // A refused n is a message of the run, which goes on.
-  r = plot(ten + QStringList{"--smooth", "B", "--answer", "6"});
-  EXPECT_EQ(r.exitCode, 0);
-  EXPECT_TRUE(r.err.contains(QStringLiteral("entre 2 y 5.")));
-  EXPECT_TRUE(linesOf(r, "smoothed").isEmpty());
 }
 
 TEST(PlotCurvesCommand, RegressionGivesTheCurveDrawnAndRefusalsAsMessages) {

@@ -1,6 +1,6 @@
 // The plot's fits against an independent least-squares computation (on the
-// logarithms where the model asks for them), the plot's naming of a and b,
-// and the Lagrange polynomial.
+// logarithms where the model asks for them) with the plot's naming of a and
+// b, and the Lagrange polynomial.
 #include <cmath>
 
 #include "funcs/PlotFits.h"
@@ -56,22 +56,6 @@ TEST_F(PlotFitsTest, FitsAgreeWithAnIndependentLeastSquares) {
   }
 }
 
-TEST_F(PlotFitsTest, PowerFitWithAZeroXAsksAndFailsWhenDeclined) {
-  const std::vector<double> x{0, 1, 2}, y{1, 2, 4};
-  messages.queueButton(1);  // No
-  EXPECT_EQ(plot::fitCurve(x, y, 1, QString()).code, 51);
-  // Yes: the pair with x = 0 is left out, two remain.
-  messages.queueButton(0);
-  const plot::Fit f = plot::fitCurve(x, y, 1, QString());
-  EXPECT_EQ(f.code, 0);
-  EXPECT_EQ(f.points, 2);
-  EXPECT_NEAR(f.b, 1, 1e-12);  // through (1, 2) and (2, 4): y = 2x
-  EXPECT_NEAR(f.a, 2, 1e-12);
-  // Every pair bad: too few.
-  messages.queueButton(0);
-  EXPECT_EQ(plot::fitCurve({0, -1, -2}, {1, 2, 3}, 1, QString()).code, 52);
-}
-
 TEST_F(PlotFitsTest, LagrangeGoesThroughThePointsAndReproducesAPolynomial) {
   const std::vector<double> x{-2, -0.5, 1, 3};
   std::vector<double> y;
@@ -80,15 +64,4 @@ TEST_F(PlotFitsTest, LagrangeGoesThroughThePointsAndReproducesAPolynomial) {
   for (double t : {-1.7, 0.0, 2.2, 4.0}) EXPECT_NEAR(plot::lagrange(x, y, t), t * t * t - 2 * t + 1, 1e-9);
   // Two equal X: no value.
   EXPECT_TRUE(std::isnan(plot::lagrange({1, 1, 2}, {0, 1, 2}, 1.5)));
-}
-
-TEST_F(PlotFitsTest, SampleCurveHitsBothEndsAndStopsWhenAsked) {
-  const auto line = [](double x) { return 2 * x; };
-  const std::vector<plot::Point> p = plot::sampleCurve(0.1, 0.7, 300, line);
-  ASSERT_EQ(p.size(), 301u);
-  EXPECT_EQ(p.front().x, 0.1);
-  EXPECT_EQ(p.back().x, 0.7);
-  EXPECT_DOUBLE_EQ(p[150].x, 0.4);
-  int asked = 0;
-  EXPECT_EQ(plot::sampleCurve(0, 1, 300, line, [&asked] { return ++asked <= 10; }).size(), 10u);
 }

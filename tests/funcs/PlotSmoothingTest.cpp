@@ -1,6 +1,6 @@
-// The two smoothings on a grid: method A's in-place sweeps and two-value
-// ends, method B's clamped window, its width rule, and the sliding sum
-// against a fresh sum per row over a long noisy column.
+// The two smoothings on a grid: method A's in-place sweep and two-value
+// ends, method B's clamped window and width rule, and the sliding sum (in
+// uneven slices) against a fresh sum per row over a long noisy column.
 #include <cmath>
 #include <random>
 
@@ -51,26 +51,6 @@ TEST_F(PlotSmoothingTest, MethodAUsesTheRowJustSmoothedAndAveragesTwoValuesAtThe
   EXPECT_EQ(g.get(3, 5), QStringLiteral("1.33333333333333"));
   EXPECT_EQ(g.get(3, 1), QStringLiteral("3"));  // column 1 untouched
   EXPECT_EQ(s.shownN(), 1);
-}
-
-TEST_F(PlotSmoothingTest, MethodASecondPassStartsFromTheFirst) {
-  CellGrid g = gridOf({0, 0, 3, 0, 0});
-  plot::Smoothing s(g, plot::Smoothing::Method::A, 2, 5);
-  // Slices of one row give the same result as one go.
-  int slices = 0;
-  while (!s.step(1)) ++slices;
-  EXPECT_GE(slices, 14);
-  CellGrid once = gridOf({0, 0, 3, 0, 0});
-  plot::Smoothing(once, plot::Smoothing::Method::A, 1, 5).step(100);
-  std::vector<double> first = column5(once, 5), second(5);
-  // The second sweep, by hand, in place over the first.
-  for (int i = 0; i < 5; ++i) {
-    double sum = 0;
-    int k = 0;
-    for (int j = std::max(i - 1, 0); j <= std::min(i + 1, 4); ++j, ++k) sum += first[static_cast<size_t>(j)];
-    first[static_cast<size_t>(i)] = asCell(sum / k);
-  }
-  EXPECT_EQ(column5(g, 5), first);
 }
 
 TEST_F(PlotSmoothingTest, MethodBClampsAtTheEndsAndRaisesAnOddWidth) {
