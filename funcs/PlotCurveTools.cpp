@@ -92,11 +92,12 @@ bool PlotCurveTools::refuseWhileRunning() {
 // ---- Load and redraw ----------------------------------------------------------------------
 
 void PlotCurveTools::Form_Load() {
-  job_.reset();
-  if (!smoothSuffix.isEmpty()) {
+  // A smoothing in force, or cut short by the window closing, leaves nothing behind.
+  if (!smoothSuffix.isEmpty() || running()) {
     removeSuffix();
     m_.table().MSFlexGrid1.clearColumn(FunctionTable::kSmoothed);
   }
+  job_.reset();
   muestrafxOrigEnabled = false;
   fit = plot::Fit{};
   DiffOrd[0] = kNoValue;
