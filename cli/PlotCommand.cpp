@@ -4,15 +4,20 @@
 //                   [--deriv 1|2|3] [--extrema F|D|G --depth L] [--zeros F|D|G]
 //                   [--integral XINI XFIN [--corrected]] [--theory XINI XFIN]
 //                   [--bars] [--grid] [--no-asymptote-rule] [--decimals N]
+//                   [--smooth A|B]... [--regression linear|power|exponential]
+//                   [--lagrange] [--diff XINI XFIN]
 //
 // The table is evaluated as "calvix-cli table" does (cli/TableOptions.h),
 // the plot opens on it (autoscale on F) and the options are the menus a user
 // would pick, in the order above. Prints the six limit boxes, the extrema
 // and zero lists, the integral's readout and the theoretical integral's
-// message, one tab-separated line each; --png draws the picture offscreen.
+// message, then the title, the smoothed column, the fit, the interpolated
+// points and the difference of ordinates, one tab-separated line each;
+// --png draws the picture offscreen.
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <cmath>
 
 #include "cli/CliCommand.h"
 #include "cli/TableOptions.h"
@@ -20,6 +25,7 @@
 #include "funcs/PlotModel.h"
 #include "funcs/PlotPainterView.h"
 #include "shell/ProgramState.h"
+#include "shell/runtime/NumberText.h"
 
 namespace {
 
@@ -31,6 +37,10 @@ struct PlotOptions {
   QStringList integral, theory;
   bool corrected = false, bars = false, grid = false, noRule = false;
   int decimals = -1;
+  QList<int> smooth;  // suavePlot items, clicked in order
+  int regression = -1;
+  bool lagrange = false;
+  QStringList diff;
 };
 
 int curveItem(const QString& name) {
@@ -86,6 +96,16 @@ int takePlotOptions(CliContext& ctx, PlotOptions& o) {
   if (ctx.takeOption(QStringLiteral("--decimals"), v) && !wholeNumber(v, 0, 4, o.decimals)) {
     return ctx.usage(QStringLiteral("--decimals takes 0 to 4"));
   }
+  for (const QString& m : ctx.takeOptions(QStringLiteral("--smooth"))) {
+    if (m != QLatin1String("A") && m != QLatin1String("B")) return ctx.usage(QStringLiteral("--smooth takes A or B"));
+    o.smooth << (m == QLatin1String("A") ? 0 : 1);
+  }
+  if (ctx.takeOption(QStringLiteral("--regression"), v)) {
+    o.regression = static_cast<int>(QStringList{QStringLiteral("linear"), QStringLiteral("power"), QStringLiteral("exponential")}.indexOf(v));
+    if (o.regression < 0) return ctx.usage(QStringLiteral("--regression takes linear, power or exponential"));
+  }
+  o.lagrange = ctx.takeFlag(QStringLiteral("--lagrange"));
+  if (!takePair(ctx, QStringLiteral("--diff"), o.diff)) return ctx.usage(QStringLiteral("--diff takes XINI and XFIN"));
   o.corrected = ctx.takeFlag(QStringLiteral("--corrected"));
   o.bars = ctx.takeFlag(QStringLiteral("--bars"));
   o.grid = ctx.takeFlag(QStringLiteral("--grid"));
@@ -119,6 +139,68 @@ bool setInterval(PlotModel& m, const QStringList& limits) {
   m.Text5 = {limits.at(0), limits.at(1)};
   m.Command15_Click();
   return m.integralGRAF;
+}
+
+// Column 5 as the table holds it, rows 1 to pointCount; empty when it holds nothing.
+QStringList smoothedColumn(PlotModel& m) {
+  QStringList cells;
+  bool any = false;
+  for (int r = 1; r <= m.pointCount(); ++r) {
+    cells << m.table().TextMatrix(r, FunctionTable::kSmoothed);
+    any = any || !cells.back().isEmpty();
+  }
+  return any ? cells : QStringList{};
+}
+
+// The fit's a, b and r2 as the list shows them; empty texts when none is ticked.
+QStringList fitValues(const PlotModel& m) {
+  const plot::Fit& f = m.tools.fit;
+  if (m.tools.fitKind() < 0) return {QString(), QString(), QString()};
+  return {rt::NumberToText(f.a), rt::NumberToText(f.b), rt::NumberToText(f.r2)};
+}
+
+QString numberText(double v) { return std::isfinite(v) ? rt::NumberToText(v) : QString(); }
+
+void insertCurveTools(QJsonObject& json, PlotModel& m) {
+  const PlotCurveTools& t = m.tools;
+  json.insert(QStringLiteral("titleF"), program().titleF);
+  json.insert(QStringLiteral("sourceColumn"), program().sourceColumn);
+  json.insert(QStringLiteral("suavePlot"), t.smoothingMethod());
+  json.insert(QStringLiteral("muestrafxOrig"), t.muestrafxOrigEnabled);
+  json.insert(QStringLiteral("smoothed"), QJsonArray::fromStringList(smoothedColumn(m)));
+  json.insert(QStringLiteral("PlotRegression"), t.fitKind());
+  json.insert(QStringLiteral("regression"), t.fitKind() >= 0 ? m.Label4 : QString());
+  const QStringList fit = fitValues(m);
+  json.insert(QStringLiteral("a"), fit.at(0));
+  json.insert(QStringLiteral("b"), fit.at(1));
+  json.insert(QStringLiteral("r2"), fit.at(2));
+  json.insert(QStringLiteral("points"), t.fitKind() >= 0 ? t.fit.points : 0);
+  json.insert(QStringLiteral("menuIPLA"), m.table().menuIPLA);
+  QJsonArray points;
+  for (const plot::Point& p : t.interpolation()) points.append(QJsonArray{numberText(p.x), numberText(p.y)});
+  json.insert(QStringLiteral("interpolation"), points);
+  json.insert(QStringLiteral("DiffOrd"), t.DiffOrd[0]);
+}
+
+void printCurveTools(QTextStream& out, PlotModel& m, bool diff) {
+  const PlotCurveTools& t = m.tools;
+  out << "title\t" << program().titleF << '\n';
+  if (t.smoothingMethod() >= 0) {
+    for (int r = 1; r <= m.pointCount(); ++r) {
+      out << "smoothed\t" << m.table().TextMatrix(r, 0) << '\t' << m.table().TextMatrix(r, FunctionTable::kSmoothed)
+          << '\n';
+    }
+  }
+  if (t.fitKind() >= 0) {
+    const QStringList fit = fitValues(m);
+    out << "regression\t" << m.Label4 << '\n'
+        << "a\t" << fit.at(0) << '\n'
+        << "b\t" << fit.at(1) << '\n'
+        << "r2\t" << fit.at(2) << '\n'
+        << "points\t" << t.fit.points << '\n';
+  }
+  for (const plot::Point& p : t.interpolation()) out << "interpolation\t" << numberText(p.x) << '\t' << numberText(p.y) << '\n';
+  if (diff) out << "DiffOrd\t" << t.DiffOrd[0] << '\n';
 }
 
 int runPlot(CliContext& ctx) {
@@ -155,6 +237,15 @@ int runPlot(CliContext& ctx) {
     if (o.integral.isEmpty()) m.integralGRAF_Click();  // only the message was asked for
   }
   if (!o.integral.isEmpty() && setInterval(m, o.integral) && o.corrected) m.Icorrection_Click();
+  PlotCurveTools& tools = m.tools;
+  for (int method : o.smooth) tools.suavePlot_Click(method);
+  if (o.regression >= 0) tools.PlotRegression_Click(o.regression);
+  if (o.lagrange) tools.menuIPLA_Click();
+  if (!o.diff.isEmpty()) {
+    tools.DiffYs_Click();
+    m.Text5 = {o.diff.at(0), o.diff.at(1)};
+    m.Command15_Click();
+  }
   const QStringList readout = m.integralReadout();
 
   if (!o.png.isEmpty()) {
@@ -174,6 +265,7 @@ int runPlot(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("integral"), QJsonArray::fromStringList(readout));
     ctx.json.insert(QStringLiteral("theory"), m.theoryText);
     ctx.json.insert(QStringLiteral("pointCount"), program().pointCount);
+    insertCurveTools(ctx.json, m);
   } else {
     ctx.out << "limits\t" << limits.join(QLatin1Char('\t')) << '\n';
     auto lines = [&ctx](const char* word, const QList<QStringList>& list) {
@@ -186,6 +278,7 @@ int runPlot(CliContext& ctx) {
     if (!m.theoryText.isEmpty()) {
       for (const QString& l : m.theoryText.split(QLatin1Char('\n'))) ctx.out << "theory\t" << l << '\n';
     }
+    printCurveTools(ctx.out, m, !o.diff.isEmpty());
   }
   return program().pointCount > 0 ? 0 : 1;
 }
@@ -195,5 +288,6 @@ int runPlot(CliContext& ctx) {
 CALVIX_CLI_GUI_COMMAND("plot",
                        "plot the table: plot <table options> [--png FILE --width W --height H] [--deriv 1|2|3] "
                        "[--extrema F|D|G --depth L] [--zeros F|D|G] [--integral XINI XFIN [--corrected]] "
-                       "[--theory XINI XFIN] [--bars] [--grid] [--no-asymptote-rule] [--decimals N]",
+                       "[--theory XINI XFIN] [--bars] [--grid] [--no-asymptote-rule] [--decimals N] [--smooth A|B]... "
+                       "[--regression linear|power|exponential] [--lagrange] [--diff XINI XFIN]",
                        runPlot);

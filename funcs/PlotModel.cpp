@@ -87,6 +87,7 @@ QString PlotModel::curveName(int item) const {
 
 void PlotModel::Form_Load() {
   ProgramState& p = program();
+  tools.Form_Load();
   p.MainMenuTitle = QStringLiteral("VelozPlot");
   // The text colour is not kept in the settings file: the plot sets it.
   rt::Variant& text = p.PlotColours[kText];
@@ -323,6 +324,7 @@ void PlotModel::drawPlot(plot::PlotCanvas& canvas) {
 // lists shown (they follow the data), and whether the integral still has
 // the two points it needs.
 void PlotModel::prepareDrawing() {
+  tools.prepareDrawing();
   GdXON = mostrarGx && program().hasG != 0 && !DerivON;
   if (Picture1Visible && list.kind == ResultList::Kind::Extrema) showExtrema(list.item);
   else if (Picture1Visible && list.kind == ResultList::Kind::Zeros) showZeros(list.item);
@@ -735,6 +737,7 @@ void PlotModel::MymNivel_Click(int depth) {
 void PlotModel::integRange_Click() {
   if (helpInstead(kHelpTopic)) return;
   Picture5Visible = true;
+  tools.diffPanel = false;
   Label12 = Res(1741);
   for (size_t i = 0; i < 2; ++i) {
     if (Text5[i].isEmpty()) Text5[i] = formatAxisNumber(Text5Tag[i]);
@@ -778,6 +781,7 @@ bool PlotModel::checkIntervalBoxes() {
 }
 
 void PlotModel::Command15_Click() {
+  if (tools.Command15_Click()) return;
   if (helpInstead(kHelpTopic) || !checkIntervalBoxes()) return;
   integralGRAF = true;
   if (DerivON) {
@@ -796,6 +800,7 @@ void PlotModel::Command12_Click() {
 }
 
 void PlotModel::Command13_Click() {
+  if (tools.Command13_Click()) return;
   if (helpInstead(kHelpTopic) || !checkIntervalBoxes()) return;
   Picture5Visible = false;
   Picture6Visible = false;

@@ -35,6 +35,7 @@
 
 #include "funcs/PlotAnalysis.h"
 #include "funcs/PlotCanvas.h"
+#include "funcs/PlotCurveTools.h"
 
 class FunctionTable;
 
@@ -148,6 +149,8 @@ class PlotModel {
   std::array<bool, 3> PlotRegression{};
   std::array<bool, 2> suavePlot{};
   bool muestrafxOrig = false;
+  // Regression, interpolation, smoothing and difference of ordinates.
+  PlotCurveTools tools{*this};
 
   // ---- Result list and annotations ------------------------------------------------
   bool Picture1Visible = false;

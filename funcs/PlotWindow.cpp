@@ -1,6 +1,7 @@
 #include "funcs/PlotWindow.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QCloseEvent>
@@ -115,10 +116,13 @@ PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent) {
   setProperty("screenshotStates", QStringList{QStringLiteral("fg"), QStringLiteral("derivative"),
                                                QStringLiteral("bars"), QStringLiteral("integral"),
                                                QStringLiteral("extrema"), QStringLiteral("zeros")});
+  buildCurveTools();
   resize(820, 600);
 }
 
-PlotWindow::~PlotWindow() = default;
+PlotWindow::~PlotWindow() {
+  if (model_->tools.running()) QApplication::restoreOverrideCursor();  // closed while smoothing
+}
 
 template <typename Handler>
 void PlotWindow::act(Handler&& handler) {
@@ -236,7 +240,11 @@ QAction* PlotWindow::addItem(QMenu* menu, const QString& name, const QString& ca
   a->setObjectName(name);
   a->setCheckable(true);
   if (group) group->addAction(a);
-  connect(a, &QAction::triggered, this, [this, handler] { act(handler); });
+  connect(a, &QAction::triggered, this, [this, handler, name] {
+    // While a smoothing works only closing the window goes on; other menus say why not.
+    if (name != QLatin1String("cerrarPlot") && model_->tools.refuseWhileRunning()) return refresh();
+    act(handler);
+  });
   actions_.insert(name, a);
   return a;
 }
@@ -410,6 +418,7 @@ void PlotWindow::refresh() {
   placeList();
   placePanel();
   tickMenus();
+  refreshCurveTools();
   Text2->setText(model_->Text2);
   refreshing_ = false;
 }
@@ -573,6 +582,7 @@ void PlotWindow::showScreenshotState(const QString& state) {
   // Shown again, so it stands above the table window, and loaded afresh.
   hide();
   show();
+  if (showCurveState(state)) return;
   if (state == QLatin1String("fg")) {
     act([&] { m.menuautoesc_Click(2); });
   } else if (state == QLatin1String("derivative")) {

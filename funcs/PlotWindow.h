@@ -29,6 +29,7 @@ class QLineEdit;
 class QMenu;
 class QPrinter;
 class QPushButton;
+class QShortcut;
 class QTableWidget;
 class QToolButton;
 
@@ -76,6 +77,12 @@ class PlotWindow : public QMainWindow {
   void print();
   void saveImage();
   void copyPicture();
+  // Regression, interpolation, smoothing and difference (PlotWindowCurves.cpp).
+  void buildCurveTools();
+  void refreshCurveTools();
+  void runSmoothing();
+  void finishSmoothing();
+  bool showCurveState(const QString& state);
 
   std::unique_ptr<FunctionTable> ownTable_;
   QPointer<FunctionTableWindow> tableWindow_;
@@ -101,4 +108,8 @@ class PlotWindow : public QMainWindow {
   QHash<QString, QAction*> actions_;
   int dragging_ = -1;  // the integral cursor being dragged
   bool refreshing_ = false;
+  QPushButton* Command1 = nullptr;  // cancels a smoothing at work
+  QLabel* cancelNote_ = nullptr;
+  QShortcut* escape_ = nullptr;
+  long long sliceRows_ = 4096;
 };
