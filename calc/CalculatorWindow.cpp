@@ -154,7 +154,8 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   resize(1160, 560);
-  setProperty("screenshotStates", QStringList{QStringLiteral("statistics")});
+  setProperty("screenshotStates", QStringList{QStringLiteral("statistics")} + NumberToolsView::screenshotStates());
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("ascii")});
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -543,6 +544,7 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
 }
 
 void CalculatorWindow::showScreenshotState(const QString& state) {
+  if (numberTools_->showScreenshotState(state)) return;
   if (state != QLatin1String("statistics")) return;
   const double x[] = {1.5, 2.25, 3, 4.75, 5.5, 7, 8.25, 9.5, 11, 12.5, 14, 15.25};
   for (double v : x) {

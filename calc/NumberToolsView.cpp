@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "calc/CalculatorEngine.h"
@@ -37,6 +38,7 @@ QWidget* NumberToolsView::progressBar() const { return ProgressBar1; }
 QWidget* NumberToolsView::buildPage(QWidget* keyGrid, QWidget* parent) {
   auto* page = new QWidget(parent);
   page->setObjectName(QStringLiteral("numberToolsPage"));
+  page_ = page;
   auto* v = new QVBoxLayout(page);
   v->setContentsMargins(6, 6, 6, 6);
   keyGrid->setParent(page);
@@ -90,4 +92,29 @@ void NumberToolsView::afterEvent() {
   v->addWidget(buttons);
   dialog->resize(420, 560);
   dialog->show();
+}
+
+QStringList NumberToolsView::screenshotStates() {
+  return {QStringLiteral("tools"), QStringLiteral("factors"), QStringLiteral("tartaglia"), QStringLiteral("ascii")};
+}
+
+bool NumberToolsView::showScreenshotState(const QString& state) {
+  if (state == QLatin1String("tools")) {
+    if (auto* tabs = qobject_cast<QTabWidget*>(page_->parentWidget()->parentWidget())) tabs->setCurrentWidget(page_);
+    return true;
+  }
+  if (state == QLatin1String("factors")) {
+    engine_.numero = QStringLiteral("360360");
+    engine_.Command45_Click();
+  } else if (state == QLatin1String("tartaglia")) {
+    engine_.numero = QStringLiteral("8");
+    engine_.Command38_Click();
+  } else if (state == QLatin1String("ascii")) {
+    engine_.Command37_Click();
+  } else {
+    return false;
+  }
+  repaint_();
+  afterEvent();
+  return true;
 }

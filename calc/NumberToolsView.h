@@ -6,6 +6,7 @@
 // grid like every other key.
 #include <QElapsedTimer>
 #include <QObject>
+#include <QStringList>
 #include <functional>
 
 class CalculatorEngine;
@@ -29,6 +30,10 @@ class NumberToolsView : public QObject {
   void attachRandomKey(QPushButton* key);
   // After each event: opens the text window the engine asked for.
   void afterEvent();
+  // The screenshot tour's states of the number tools: "tools" (the page),
+  // "factors", "tartaglia" and "ascii"; false for another state.
+  bool showScreenshotState(const QString& state);
+  static QStringList screenshotStates();
 
  private:
   void listingStep(int percent);
@@ -37,5 +42,6 @@ class NumberToolsView : public QObject {
   QWidget* window_;
   std::function<void()> repaint_;
   QProgressBar* ProgressBar1 = nullptr;
+  QWidget* page_ = nullptr;
   QElapsedTimer sinceEvents_;
 };
