@@ -31,6 +31,10 @@
 //    sorting and erasing data, the *.dat files, the CSV export and the data
 //    printout. CalculatorMenus.h lists the menu items the view and calvix-cli
 //    reach by name.
+//  - NumberToolKeys.cpp holds the complex-number keys and the number tools
+//    (primes, factors, fractions, combinatorics, NIF, Roman, random, polygon
+//    area, ASCII table); their arithmetic is in NumberTools.h and
+//    ComplexNumbers.h. Their results go to the auxiliary viewer.
 //  - CalculatorKeypad.h holds the table of keys (caption, tooltip, place,
 //    handler) and CalculatorKeyMap.h the keyboard map; click(), keyPress() and
 //    keyDown() are the entry points the window and calvix-cli share.

@@ -753,6 +753,12 @@ void CalculatorWindow::changeEvent(QEvent* event) {
 }
 
 void CalculatorWindow::closeEvent(QCloseEvent* event) {
+  // A listing of primes runs events inside its loop: stop it before closing.
+  if (engine_.listingRunning) {
+    engine_.stopRequested = true;
+    event->ignore();
+    return;
+  }
   if (!unloaded_) {
     unloaded_ = true;
     engine_.Form_Unload();

@@ -53,6 +53,25 @@ std::int64_t digitsNumber(const QString& text) {
   return v;
 }
 
+// The bound typed into a box of the listing; false when it is not a whole
+// number from 0 up.
+bool listingBound(const QString& text, std::int64_t& n) {
+  const QString trimmed = text.trimmed();
+  if (!plainDigits(trimmed, false) || trimmed.size() > 15) return false;
+  n = trimmed.toLongLong();
+  return true;
+}
+
+// Asks one box of the dialogue; false when it was cancelled.
+bool askDigits(int promptId, int titleId, QString& answer) {
+  ProgramState& p = program();
+  p.MessageDefault = QString();
+  MBoxShow(0, Res(promptId) + QStringLiteral("\r\n") + Res(4444), 5, 3, 0, QStringLiteral("Calvix  -  ") + Res(titleId));
+  if (p.MessageResult != 0) return false;
+  answer = p.MessageValue.toText().trimmed();
+  return true;
+}
+
 }  // namespace
 
 // ---- Shared checks ---------------------------------------------------------------
@@ -188,15 +207,6 @@ void CalculatorEngine::Command93_Click(int index) {
     result = whole(n) + QStringLiteral("   ") + Res(4532) + QStringLiteral("  ") + Res(numtools::isPrime(n) ? 57 : 58);
     entryActive = 0;
   });
-}
-
-// The bound typed into a box of the listing; false when it is not a whole
-// number from 0 up.
-static bool listingBound(const QString& text, std::int64_t& n) {
-  const QString trimmed = text.trimmed();
-  if (!plainDigits(trimmed, false) || trimmed.size() > 15) return false;
-  n = trimmed.toLongLong();
-  return true;
 }
 
 void CalculatorEngine::listPrimes() {
@@ -346,16 +356,6 @@ void CalculatorEngine::Command56_Click(int index) {
 }
 
 // ---- Generating fraction ---------------------------------------------------------------
-
-// Asks one box of the dialogue; false when it was cancelled.
-static bool askDigits(int promptId, int titleId, QString& answer) {
-  ProgramState& p = program();
-  p.MessageDefault = QString();
-  MBoxShow(0, Res(promptId) + QStringLiteral("\r\n") + Res(4444), 5, 3, 0, QStringLiteral("Calvix  -  ") + Res(titleId));
-  if (p.MessageResult != 0) return false;
-  answer = p.MessageValue.toText().trimmed();
-  return true;
-}
 
 void CalculatorEngine::Command27_Click() {
   guarded(27, [&] {

@@ -1,7 +1,7 @@
 // The number tools' page of the calculator window: its keys under their
 // names, a factorisation shown in the viewer lists, the random key's right
 // click, the ASCII table's text window (Escape closes it) and the keyboard
-// during a prime listing (only Esc is taken).
+// during a prime listing (only Esc is taken, and closing waits).
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
@@ -74,6 +74,10 @@ class NumberToolsPanelTest : public QObject {
     QTest::mouseClick(w.keyButton(QStringLiteral("Command1"), 8), Qt::LeftButton);
     QCOMPARE(w.engine().numero.text(), QStringLiteral("0"));
     QTest::keyClick(&w, Qt::Key_Escape);
+    QVERIFY(w.engine().stopRequested);
+    // Closing waits for the listing to stop.
+    w.engine().stopRequested = false;
+    QVERIFY(!w.close());
     QVERIFY(w.engine().stopRequested);
     w.engine().listingRunning = false;
   }
