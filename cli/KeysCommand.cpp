@@ -20,7 +20,7 @@
 // follows the history: counts, sums, the regression type and the data.
 // errorCode is the code of the last failure shown (0 none); the auxiliary
 // viewer follows as [left, right] pairs ("viewer" TAB left TAB right lines).
-// In the plain output a line break inside result is written as "\n".
+// In the plain output a line break inside result (LF or CR LF) is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
 #include <cmath>
@@ -136,6 +136,7 @@ int runKeys(CliContext& ctx) {
   }
   // One line per field: a line break inside result is written as "\n".
   QString resultLine = engine.result.text();
+  resultLine.replace(QLatin1String("\r\n"), QLatin1String("\\n"));
   resultLine.replace(QLatin1Char('\n'), QLatin1String("\\n"));
   ctx.out << "numero\t" << engine.numero.text() << '\n'
           << "result\t" << resultLine << '\n'

@@ -64,6 +64,10 @@ TEST_F(PrimesCommand, KeysShowTheViewerAndTheLastErrorCode) {
   EXPECT_TRUE(r.out.contains(QStringLiteral("\nerrorCode\t0\n"))) << r.out.toStdString();
   EXPECT_TRUE(r.out.contains(QStringLiteral("\nviewer\tComplejo: y\ty = 2.00000000 i\n"))) << r.out.toStdString();
   EXPECT_TRUE(r.err.contains(QStringLiteral("Base de los n\u00FAmeros aleatorios"))) << r.err.toStdString();
+  // A two-line result keeps to one output line.
+  r = runCli({QStringLiteral("--decimal"), QStringLiteral("."), QStringLiteral("keys"), QStringLiteral("12.18 Command95")});
+  EXPECT_TRUE(r.out.contains(QStringLiteral("\nresult\tM.C.D. (12, 18) = 6\\nm.c.m. (12, 18) = 36\n")))
+      << r.out.toStdString();
 }
 
 }  // namespace
