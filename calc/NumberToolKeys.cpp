@@ -29,7 +29,9 @@ namespace {
 
 const QString kEightDecimals = QStringLiteral("0.00000000");
 
-QString whole(std::int64_t n) { return QString::number(n); }
+// Whole numbers are shown by the runtime's number-to-text rule, like any
+// other answer (15 significant digits, exponent form from 10^15).
+QString whole(std::int64_t n) { return rt::NumberToText(static_cast<double>(n)); }
 
 QString eightDecimals(double v) { return rt::Format(rt::Variant::dbl(v), kEightDecimals); }
 

@@ -41,6 +41,8 @@ const Row kRows[] = {
     {"PrimeOfTooLargeIsCode8", "10000000000000000 Command93(0)", "0", "<E8>"},
     {"PrimeYes", "10007 Command93(0)", "10007", "10007   Primo:  Si"},
     {"PrimeSquareOfPrimeIsNot", "100140049 Command93(0)", "100140049", "100140049   Primo:  No"},
+    // Sixteen digits show by the runtime's rule, in exponent form.
+    {"PrimeNearTheLimit", "9007199254740881 Command93(0)", "9007199254740881", "9.00719925474088E+15   Primo:  Si"},
     {"Factorisation", "360 Command45", "360", "360 = 2^3 x 3^2 x 5"},
     {"FactorisationOfAFraction", "3.5 Command45", "0", "<E6>"},
     // Two numbers on either side of the separator.
