@@ -662,7 +662,12 @@ void CalculatorWindow::refreshPanels() {
   // The viewer lists only grow between two clears.
   auto sync = [](QListWidget* view, const QStringList& lines) {
     if (view->count() > lines.size()) view->clear();
-    if (view->count() < lines.size()) view->addItems(lines.mid(view->count()));
+    const int first = view->count();
+    if (first < lines.size()) view->addItems(lines.mid(first));
+    // A line wider than the list (a Tartaglia line) shows whole in its tooltip.
+    for (int i = first; i < view->count(); ++i) {
+      if (view->item(i)->text().size() > 24) view->item(i)->setToolTip(view->item(i)->text());
+    }
   };
   sync(List3, engine_.List3);
   sync(List4, engine_.List4);

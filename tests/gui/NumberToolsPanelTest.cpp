@@ -37,6 +37,10 @@ class NumberToolsPanelTest : public QObject {
     QCOMPARE(list4->item(1)->text(), QStringLiteral("(^) 3"));
     auto* panels = w.findChild<QTabWidget*>(QStringLiteral("panels"));
     QCOMPARE(panels->currentWidget()->objectName(), QStringLiteral("viewerPage"));
+    // A Tartaglia line wider than the list shows whole in its tooltip.
+    QTest::keyClicks(&w, QStringLiteral("12"));
+    QTest::mouseClick(w.keyButton(QStringLiteral("Command38")), Qt::LeftButton);
+    QCOMPARE(list4->item(5)->toolTip(), w.engine().result.text());
     QVERIFY(w.frameGeometry().width() <= 1280 && w.frameGeometry().height() <= 800);
   }
 
