@@ -263,6 +263,7 @@ void CalculatorEngine::Command18_Click() {
   Command69_Click();
   pendingOp.clear();
   numero = kZero;
+  endDialogue();
   switch (errorState) {
     case 1:
       image3Failure = true;
@@ -415,6 +416,7 @@ void CalculatorEngine::Command22_Click() {
 // ---- Failure paths -------------------------------------------------------------------
 
 void CalculatorEngine::reportFailure(int code) {
+  errorCode = code;
   result = ErrorText(code);
   numero = kZero;
   errorState = 2;
@@ -422,6 +424,7 @@ void CalculatorEngine::reportFailure(int code) {
 }
 
 void CalculatorEngine::unexpectedFailure() {
+  errorCode = 31;
   result = kZero;
   numero = kZero;
   errorState = 1;

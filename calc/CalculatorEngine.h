@@ -31,6 +31,10 @@
 //    sorting and erasing data, the *.dat files, the CSV export and the data
 //    printout. CalculatorMenus.h lists the menu items the view and calvix-cli
 //    reach by name.
+//  - NumberToolKeys.cpp holds the complex-number keys and the number tools
+//    (primes, factors, fractions, combinatorics, NIF, Roman, random, polygon
+//    area, ASCII table); their arithmetic is in NumberTools.h and
+//    ComplexNumbers.h. Their results go to the auxiliary viewer.
 //  - CalculatorKeypad.h holds the table of keys (caption, tooltip, place,
 //    handler) and CalculatorKeyMap.h the keyboard map; click(), keyPress() and
 //    keyDown() are the entry points the window and calvix-cli share.
@@ -240,6 +244,46 @@ class CalculatorEngine {
   bool loadStatisticsFile(const QString& path);
   PrintDocument statisticsDocument() const;
 
+  // ---- Complex numbers and number tools (NumberToolKeys.cpp) ----------------
+  void Command73_Click();           // polar entry: m, then the angle in degrees
+  void Command98_Click();           // rectangular entry: x, then y
+  void Command93_Click(int index);  // 0 is numero prime, 1 list the primes of an interval
+  void Command45_Click();           // factorisation
+  void Command95_Click();           // gcd and lcm of "a,b"
+  void Command96_Click();           // irreducible fraction of "a,b"
+  void Command27_Click();           // generating fraction (input boxes)
+  void Command56_Click(int index);  // variations and combinations of "m,n"
+  void Command44_Click();           // quotient and remainder: x, then y
+  void Command38_Click();           // Tartaglia line and Newton binomial
+  void Command94_Click();           // NIF letter
+  void Command53_Click();           // Roman numerals
+  void Command51_Click();           // random number up to the base
+  void Command51_RightClick();      // asks for a new random base
+  void Command55_Click();           // polygon area of the statistics pairs
+  void Command41_Click();           // effective magnetic moment
+  void Command37_Click();           // ASCII table
+  void infoCard(const QString& digits);  // card check of a digit string, into result
+  // The step of a two-press dialogue and its first value.
+  struct Dialogue {
+    QString key;  // the control whose dialogue runs, empty for none
+    int step = 0;
+    std::array<double, 2> values{};
+  };
+  Dialogue dialogue;
+  // The prime listing's limits: the highest bound, the span that asks first,
+  // and the lines the viewer holds.
+  static constexpr std::int64_t kPrimeListLimit = 99999999;
+  static constexpr std::int64_t kPrimeListWarning = 30000;
+  static constexpr qsizetype kViewerCapacity = 32767;
+  // Called between blocks of the prime listing with the percentage done; the
+  // window shows it and lets events run (Esc sets stopRequested).
+  std::function<void(int percent)> listingProgress;
+  bool listingRunning = false;  // while the primes are listed: only Esc is taken
+  // A text window the view shows (the ASCII table).
+  QString textWindowTitle, textWindowText;
+  bool textWindowRequested = false;
+  int errorCode = 0;  // code of the last failure shown; 0 none
+
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear
   // key runs (the pending operator is lost).
@@ -251,6 +295,8 @@ class CalculatorEngine {
   // Clicks a control by name ("Command13", index 3); false when the calculator
   // has no such control.
   bool click(const QString& control, int index = -1);
+  // A right click on a control (Command51); false when it has no right-click action.
+  bool rightClick(const QString& control, int index = -1);
   // A typed character through the window's key map; false when unmapped.
   bool keyPress(QChar c);
   // A held key (Qt key code and modifiers) through the key map.
@@ -311,6 +357,18 @@ class CalculatorEngine {
   // The base asked in the input box; 0 when the box was cancelled, -1 when
   // the answer is not a base (code 26 reported).
   int askBase(int textId, int tooltipId);
+
+  // The checks of the integer tools on numero (29 not a number, 18 not
+  // above 0, 30 exponent form, 6 a fraction, 8 too large); false when
+  // reported.
+  bool readWholeNumber(std::int64_t& n, bool zeroAllowed);
+  // "a,b": the two numbers on either side of the decimal separator; a
+  // missing separator is noSeparatorCode (0: b is 0). False when reported.
+  bool readNumberPair(std::int64_t& a, std::int64_t& b, int noSeparatorCode);
+  bool dialoguePress(const QString& key, const QString& title, const QStringList& prompts,
+                     const QStringList& echoes, const QString& unit);
+  void endDialogue();
+  void listPrimes();
 
   void enterDatum(int list, double v);
   void measureKey(int list, int index);

@@ -187,6 +187,7 @@ QList<KeypadKey> buildKeys() {
   addConstantKeys(keys);
   addMemoryKeys(keys);
   addStatisticsKeys(keys);
+  addNumberToolKeys(keys);
   return keys;
 }
 

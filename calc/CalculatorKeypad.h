@@ -22,6 +22,7 @@ enum class KeypadPanel {
   HistoryTools, // under the history list
   ViewerTools,  // under the auxiliary viewer
   Statistics,   // the statistics panel, under its two grids
+  NumberTools,  // complex numbers and the number tools
 };
 
 struct KeypadKey {
@@ -37,6 +38,9 @@ struct KeypadKey {
   void (*press)(CalculatorEngine&, int index);
   int captionId;        // string id of a translated caption, 0 when caption holds it
 };
+
+// The number tools' rows (NumberToolKeypad.cpp).
+void addNumberToolKeys(QList<KeypadKey>& keys);
 
 // Every key of the scientific calculator.
 const QList<KeypadKey>& calculatorKeys();

@@ -26,6 +26,7 @@
 #include "calc/CalculatorKeypad.h"
 #include "calc/CalculatorMenus.h"
 #include "calc/HistoryListView.h"
+#include "calc/NumberToolsView.h"
 #include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -136,6 +137,8 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   Picture1->setObjectName(QStringLiteral("Picture1"));
   statusBar()->addWidget(historyPanel_);
   statusBar()->addWidget(Picture1);
+  statusBar()->addWidget(numberTools_->progressBar());
+  numberTools_->attachRandomKey(keyButton(QStringLiteral("Command51")));
   statusBar()->addPermanentWidget(currencyPanel_);
   // A register written by any module shows in the keys' tooltips at once.
   connect(&registerNotifier(), &RegisterNotifier::registerChanged, this, [this] {
@@ -151,7 +154,8 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   resize(1160, 560);
-  setProperty("screenshotStates", QStringList{QStringLiteral("statistics")});
+  setProperty("screenshotStates", QStringList{QStringLiteral("statistics")} + NumberToolsView::screenshotStates());
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("ascii")});
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -292,6 +296,7 @@ QWidget* CalculatorWindow::buildKeyGrid(KeypadPanel panel, QWidget* parent) {
     const QString control = QString::fromLatin1(k.control);
     const int index = k.index;
     connect(b, &QPushButton::clicked, this, [this, control, index] {
+      if (engine_.listingRunning) return;  // events run inside the prime listing
       engine_.click(control, index);
       afterEvent();
     });
@@ -360,6 +365,8 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_->addTab(viewerPage_, Res(4543));
   statisticsPage_ = buildStatisticsPage();
   panels_->addTab(statisticsPage_, Res(4207));
+  numberTools_ = new NumberToolsView(engine_, this, [this] { refresh(); });
+  panels_->addTab(numberTools_->buildPage(buildKeyGrid(KeypadPanel::NumberTools, panels_), panels_), Res(4820));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -429,6 +436,7 @@ QWidget* CalculatorWindow::buildViewerPage() {
     list->setObjectName(QString::fromLatin1(name));
     list->setFocusPolicy(Qt::NoFocus);
     list->setToolTip(Res(4793));
+    list->setUniformItemSizes(true);  // a listing of primes fills thousands of rows
     connect(list, &QListWidget::itemDoubleClicked, this, [this, list, take](QListWidgetItem* item) {
       (engine_.*take)(list->row(item));
       afterEvent();
@@ -536,6 +544,7 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
 }
 
 void CalculatorWindow::showScreenshotState(const QString& state) {
+  if (numberTools_->showScreenshotState(state)) return;
   if (state != QLatin1String("statistics")) return;
   const double x[] = {1.5, 2.25, 3, 4.75, 5.5, 7, 8.25, 9.5, 11, 12.5, 14, 15.25};
   for (double v : x) {
@@ -653,7 +662,12 @@ void CalculatorWindow::refreshPanels() {
   // The viewer lists only grow between two clears.
   auto sync = [](QListWidget* view, const QStringList& lines) {
     if (view->count() > lines.size()) view->clear();
-    for (qsizetype i = view->count(); i < lines.size(); ++i) view->addItem(lines.at(i));
+    const int first = view->count();
+    if (first < lines.size()) view->addItems(lines.mid(first));
+    // A line wider than the list (a Tartaglia line) shows whole in its tooltip.
+    for (int i = first; i < view->count(); ++i) {
+      if (view->item(i)->text().size() > 24) view->item(i)->setToolTip(view->item(i)->text());
+    }
   };
   sync(List3, engine_.List3);
   sync(List4, engine_.List4);
@@ -693,6 +707,7 @@ void CalculatorWindow::refreshHistory() {
 
 void CalculatorWindow::afterEvent() {
   refresh();
+  numberTools_->afterEvent();
   if (!engine_.focusRequest.isEmpty()) {
     if (QPushButton* target = keys_.value(engine_.focusRequest)) target->setFocus();
     engine_.focusRequest.clear();
@@ -743,6 +758,12 @@ void CalculatorWindow::changeEvent(QEvent* event) {
 }
 
 void CalculatorWindow::closeEvent(QCloseEvent* event) {
+  // A listing of primes runs events inside its loop: stop it before closing.
+  if (engine_.listingRunning) {
+    engine_.stopRequested = true;
+    event->ignore();
+    return;
+  }
   if (!unloaded_) {
     unloaded_ = true;
     engine_.Form_Unload();
@@ -764,6 +785,11 @@ bool CalculatorWindow::takeKey(QKeyEvent* event) {
   if (mods == Qt::ShiftModifier && event->key() == Qt::Key_Insert) {
     if (engine_.pasteNumber(QGuiApplication::clipboard()->text())) afterEvent();
     else QApplication::beep();
+    return true;
+  }
+  // While the primes are listed only Esc, the stop, is taken.
+  if (engine_.listingRunning) {
+    if (event->key() == Qt::Key_Escape) engine_.stopRequested = true;
     return true;
   }
   const bool held = engine_.keyDown(heldKeyOf(event), mods);

@@ -19,6 +19,7 @@
 #include "calc/CalculatorKeypad.h"
 
 class HistoryListView;
+class NumberToolsView;
 class QMenu;
 class QToolButton;
 class StatisticsGridView;
@@ -104,6 +105,7 @@ class CalculatorWindow : public QMainWindow {
   QWidget* viewerPage_ = nullptr;
   QWidget* conversionsPage_ = nullptr;
   QTabWidget* panels_ = nullptr;
+  NumberToolsView* numberTools_ = nullptr;  // the number tools' page, listing and text window
   // The statistics panel: the grids with their counts, the menus.
   QWidget* statisticsPage_ = nullptr;
   std::array<StatisticsGridView*, 2> MSFlexGrid1{};

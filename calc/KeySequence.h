@@ -4,6 +4,7 @@
 //   Command19, Command13(3)   a click of that control (with its array index)
 //   Regresion(1), abrirest    a menu item (calc/CalculatorMenus.h)
 //   MSFlexGrid1(0)=5          selects row 5 of the X grid
+//   right:Command51           a right click on a control
 //   = or Enter                equals (Command19)
 //   Backspace, Esc, F1..F12   a named key, optionally Shift+ or Ctrl+ in front;
 //   Shift+1..Shift+4, Shift+V, Ctrl+V   the held keys with a character
@@ -16,9 +17,9 @@
 class CalculatorEngine;
 
 struct KeyStep {
-  enum class Kind { Click, Type, Held, Select };
+  enum class Kind { Click, Type, Held, Select, RightClick };
   Kind kind = Kind::Type;
-  QString control;  // Click
+  QString control;  // Click, RightClick
   int index = -1;   // Click; Select: the grid
   int row = 0;      // Select
   QChar character;  // Type: a character typed (held key, then the character)

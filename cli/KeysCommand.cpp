@@ -18,7 +18,9 @@
 // Each --file PATH answers the next file dialog (abrirest, guardarest,
 // exporcsv); a dialog with none left is cancelled. The statistics store
 // follows the history: counts, sums, the regression type and the data.
-// In the plain output a line break inside result is written as "\n".
+// errorCode is the code of the last failure shown (0 none); the auxiliary
+// viewer follows as [left, right] pairs ("viewer" TAB left TAB right lines).
+// In the plain output a line break inside result (LF or CR LF) is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
 #include <cmath>
@@ -117,6 +119,10 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("ivas"), engine.ivas);
     ctx.json.insert(QStringLiteral("HexDec"), engine.HexDec);
     ctx.json.insert(QStringLiteral("hypFlag"), engine.hypFlag);
+    ctx.json.insert(QStringLiteral("errorCode"), engine.errorCode);
+    QJsonArray viewer;
+    for (qsizetype i = 0; i < engine.List3.size(); ++i) viewer.append(QJsonArray{engine.List3.at(i), engine.List4.at(i)});
+    ctx.json.insert(QStringLiteral("viewer"), viewer);
     QJsonArray m, r;
     for (const QString& text : engine.m1) m.append(text);
     for (int i = 0; i < kRegisterCount; ++i) {
@@ -130,6 +136,7 @@ int runKeys(CliContext& ctx) {
   }
   // One line per field: a line break inside result is written as "\n".
   QString resultLine = engine.result.text();
+  resultLine.replace(QLatin1String("\r\n"), QLatin1String("\\n"));
   resultLine.replace(QLatin1Char('\n'), QLatin1String("\\n"));
   ctx.out << "numero\t" << engine.numero.text() << '\n'
           << "result\t" << resultLine << '\n'
@@ -141,7 +148,9 @@ int runKeys(CliContext& ctx) {
           << "temperat\t" << engine.temperat << '\n'
           << "ivas\t" << engine.ivas << '\n'
           << "HexDec\t" << engine.HexDec << '\n'
-          << "hypFlag\t" << engine.hypFlag << '\n';
+          << "hypFlag\t" << engine.hypFlag << '\n'
+          << "errorCode\t" << engine.errorCode << '\n';
+  for (qsizetype i = 0; i < engine.List3.size(); ++i) ctx.out << "viewer\t" << engine.List3.at(i) << '\t' << engine.List4.at(i) << '\n';
   for (int i = 0; i < 4; ++i) ctx.out << "memory" << i + 1 << '\t' << engine.m1[static_cast<size_t>(i)] << '\n';
   for (int i = 0; i < kRegisterCount; ++i) {
     ctx.out << "register" << i + 1 << '\t' << rt::NumberToText(RegisterValue(i)) << '\t' << RegisterLabel(i) << '\n';
@@ -166,5 +175,6 @@ CALVIX_CLI_COMMAND("keys",
                    "            an empty item keeps the default, a register without :LABEL keeps its label)\n"
                    "            [--file PATH]... answers the file dialogs of abrirest, guardarest, exporcsv;\n"
                    "            statistics tokens: X Y Command15(i) Command2(i) Command16(i) Command84(i)\n"
-                   "            Regresion(i) MnuClrSTD(i) ordenaEstad(i) MSFlexGrid1(g)=row changecell borracell",
+                   "            Regresion(i) MnuClrSTD(i) ordenaEstad(i) MSFlexGrid1(g)=row changecell borracell\n"
+                   "            right:CONTROL is a right click (right:Command51 asks the random base)",
                    runKeys);
