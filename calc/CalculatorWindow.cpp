@@ -25,6 +25,7 @@
 
 #include "calc/CalculatorKeypad.h"
 #include "calc/CalculatorMenus.h"
+#include "shell/ChartWindowRequest.h"
 #include "calc/HistoryListView.h"
 #include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
@@ -516,6 +517,18 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
   };
   addMenuButton("archivo", 4584);
   addMenuButton("ordenaEstad", 4567);
+  // The CSV tool and the chart are windows of their own, opened through the shell.
+  if (QMenu* file = menus_.value(QStringLiteral("archivo"))) {
+    file->addSeparator();
+    QAction* csv = file->addAction(Res(1937));
+    csv->setObjectName(QStringLiteral("imporcsv"));
+    connect(csv, &QAction::triggered, this, [] { OpenWindow(WindowId::CsvTool); });
+    QAction* chart = file->addAction(Res(3429));
+    chart->setObjectName(QStringLiteral("graficoest"));
+    connect(chart, &QAction::triggered, this, [this] {
+      if (chartStoreAllowed(program().stats)) showChart(chartDataOfStore(program().stats, engine_.regType));
+    });
+  }
   menuRow->addStretch(1);
   v->addLayout(menuRow);
   QMenu* grid = buildMenu("grid", page);

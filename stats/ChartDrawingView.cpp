@@ -5,6 +5,7 @@
 #include <QBarSet>
 #include <QChart>
 #include <QGraphicsScene>
+#include <QGuiApplication>
 #include <QLegend>
 #include <QLegendMarker>
 #include <QLineSeries>
@@ -173,10 +174,17 @@ QChart* pieChart(const ChartModel& m, const QList<int>& drawn) {
     const int s = drawn.first();
     const std::vector<double>& v = m.values(s);
     const QColor base = toColor(m.seriesColour(s));
-    for (std::size_t i = 0; i < v.size(); ++i) {
-      QPieSlice* slice = pie->append(QString::number(i + 1), std::abs(v[i]));
-      slice->setColor(QColor::fromHsv((base.hsvHue() + static_cast<int>(i) * 37) % 360, 160, 230));
-      slice->setBorderColor(Qt::white);
+    // Past kMaxSlices values, consecutive values share a slice (labelled with
+    // the number of its first point): thousands of slivers show nothing and
+    // take the pie series minutes to lay out.
+    constexpr std::size_t kMaxSlices = 240;
+    const std::size_t group = (v.size() + kMaxSlices - 1) / kMaxSlices;
+    for (std::size_t first = 0, k = 0; first < v.size(); first += group, ++k) {
+      double sum = 0;
+      for (std::size_t i = first; i < std::min(v.size(), first + group); ++i) sum += std::abs(v[i]);
+      QPieSlice* slice = pie->append(QString::number(first + 1), sum);
+      slice->setColor(QColor::fromHsv((base.hsvHue() + static_cast<int>(k) * 37) % 360, 160, 230));
+      slice->setBorderColor(group > 1 ? slice->color() : QColor(Qt::white));
     }
   }
   chart->addSeries(pie);
@@ -287,6 +295,10 @@ QChart* buildChart(const ChartModel& m) {
 
 bool openGLAvailable() {
   static const bool available = [] {
+    // Qt Data Visualization's graphs fail inside their constructor on the
+    // offscreen and minimal platforms, OpenGL or not: those draw in 2D.
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QLatin1String("offscreen") || platform == QLatin1String("minimal")) return false;
     QOpenGLContext context;
     if (!context.create()) return false;
     QOffscreenSurface surface;

@@ -15,7 +15,8 @@ namespace charts {
 // The caller owns it.
 QChart* buildChart(const ChartModel& model);
 
-// Whether an OpenGL context can be had (the 3D kinds need one). Asked once.
+// Whether the 3D kinds can be drawn: a windowing platform (not offscreen)
+// and an OpenGL context. Asked once.
 bool openGLAvailable();
 
 // A new 3D graph for the model's 3D kind, or nullptr when none can be made.
