@@ -29,6 +29,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "shell/runtime/SystemLocale.h"
 #include "stats/ChartModel.h"
 
 namespace charts {
@@ -79,13 +80,16 @@ QAbstractAxis* valueAxis(const ChartModel& m, int index, double low, double high
     auto* log = new QLogValueAxis;
     log->setBase(10);
     log->setRange(low, high);
-    log->setLabelFormat(QStringLiteral("%g"));
+    log->setLabelFormat(QStringLiteral("%.6g"));
     axis = log;
   } else {
     auto* lin = new QValueAxis;
     lin->setRange(low, high);
     lin->setTickCount(std::max(2, a.ticks));
-    lin->setLabelFormat(a.type == ChartModel::Percent && index == 1 ? QStringLiteral("%g %%") : QStringLiteral("%g"));
+    // Automatic scales end on round values, as a reader expects.
+    if (!a.manual && (index == 1 || m.pairsShown())) lin->applyNiceNumbers();
+    // Localised labels take only the "%.Ng" form; what follows is copied as it is.
+    lin->setLabelFormat(a.type == ChartModel::Percent && index == 1 ? QStringLiteral("%.6g %") : QStringLiteral("%.6g"));
     axis = lin;
   }
   axis->setGridLineVisible(a.guides);
@@ -149,8 +153,8 @@ void addStatisticLines(QChart* chart, const ChartModel& m, int s, double xLow, d
                        QAbstractAxis* y) {
   const unsigned flags = m.look[static_cast<std::size_t>(s)].statLines;
   if (flags == 0) return;
-  QPen pen(toColor(m.seriesColour(s)).darker(150));
-  pen.setStyle(Qt::DashLine);
+  QPen pen(toColor(m.statColour));
+  pen.setStyle(s == 0 ? Qt::DashLine : Qt::DashDotLine);
   pen.setWidthF(1.2);
   auto add = [&](double y0, double y1) {
     auto* line = new QLineSeries;
@@ -202,6 +206,9 @@ QChart* buildChart(const ChartModel& m) {
   auto* chart = new QChart;
   chart->setTitle(m.title);
   chart->setAnimationOptions(QChart::NoAnimation);
+  // Axis labels with the system's decimal symbol, as every number on screen.
+  chart->setLocale(rt::systemConventions().locale);
+  chart->setLocalizeNumbers(true);
 
   std::size_t count = 0;
   for (int s : drawn) count = std::max(count, m.values(s).size());
@@ -225,6 +232,14 @@ QChart* buildChart(const ChartModel& m) {
     }
   }
   QAbstractAxis* x = valueAxis(m, 0, xLow, xHigh);
+  // Positions 1, 2, 3... are whole numbers: marks on whole numbers only.
+  if (auto* positions = qobject_cast<QValueAxis*>(x); positions && !m.pairsShown() && !m.axis[0].manual) {
+    const int ticks = std::max(2, m.axis[0].ticks);
+    positions->setTickType(QValueAxis::TicksDynamic);
+    positions->setTickAnchor(1);
+    positions->setTickInterval(std::max(1.0, std::ceil(static_cast<double>(count) / ticks)));
+    positions->setLabelFormat(QStringLiteral("%.0f"));
+  }
   QAbstractAxis* y = valueAxis(m, 1, yLow, yHigh);
   chart->addAxis(x, Qt::AlignBottom);
   chart->addAxis(y, Qt::AlignLeft);
@@ -286,6 +301,8 @@ QChart* buildChart(const ChartModel& m) {
         break;
     }
   }
+  // Statistic lines run across the axis as finally laid out.
+  if (auto* vx = qobject_cast<QValueAxis*>(x)) xLow = vx->min(), xHigh = vx->max();
   for (int s : drawn) {
     if (!(m.pairsShown() && s == 0)) addStatisticLines(chart, m, s, xLow, xHigh, x, y);
   }

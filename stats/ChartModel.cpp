@@ -70,7 +70,12 @@ ChartModel::ChartModel() { tipoEnabled.fill(false); }
 
 void ChartModel::Form_Load() {
   const ProgramState& p = program();
+  // The palette: series X in 1 and 2 (line, marks), series Y in 3 and 4,
+  // statistic lines 5, grid 6, axes 10.
   for (std::size_t i = 1; i < palette.size(); ++i) palette[i] = p.ChartColours[i].toDouble();
+  statColour = palette[5];
+  gridColour = palette[6];
+  lineColour = palette[10];
   for (int k = 1; k <= 13; ++k) tipoEnabled[static_cast<std::size_t>(k)] = isChartKind(k);
   axis = {};
   nameX = QStringLiteral("X");
@@ -281,7 +286,7 @@ void ChartModel::pointClicked(int series, int index) {
 
 ColourParts ChartModel::seriesColour(int series) const {
   const SeriesLook& l = look[static_cast<std::size_t>(series)];
-  return colourParts(l.ownColour ? l.colour : palette[static_cast<std::size_t>(series + 1)]);
+  return colourParts(l.ownColour ? l.colour : palette[static_cast<std::size_t>(1 + 2 * series)]);
 }
 
 SeriesStatistics ChartModel::statistics(int series) const {

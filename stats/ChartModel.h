@@ -91,7 +91,8 @@ class ChartModel {
   std::array<SeriesLook, 2> look;
   std::array<double, 11> palette{};  // "Color Graf15" 1..10
   double gridColour = 12632256;     // light grey
-  double lineColour = 0;            // black
+  double lineColour = 0;            // black: the axes
+  double statColour = 255;          // the statistic lines
   // 3D view.
   int projection = 0;               // 0 perspective, 1 orthogonal, 2 oblique, 3 front, 4 top
   int elevation = 30;               // degrees

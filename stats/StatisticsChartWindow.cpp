@@ -88,6 +88,8 @@ StatisticsChartWindow::StatisticsChartWindow(QWidget* parent) : QMainWindow(pare
   buildMenus();
 
   setChartReceiver(this, [this](const ChartData& data) { showData(data); });
+  // The 3D graph is an OpenGL window of its own: its picture comes from the screen.
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("bars3d")});
   setProperty("screenshotStates", QStringList{QStringLiteral("xy"), QStringLiteral("bars"), QStringLiteral("area"),
                                               QStringLiteral("pie"), QStringLiteral("steps"), QStringLiteral("bars3d")});
   resize(940, 660);
@@ -247,6 +249,7 @@ void StatisticsChartWindow::buildMenus() {
   colours->addSeparator();
   addItem(colours, QStringLiteral("ColorGrid"), Res(3379), [this] { chooseColour(model_.gridColour); });
   addItem(colours, QStringLiteral("ColorLine"), Res(3380), [this] { chooseColour(model_.lineColour); });
+  addItem(colours, QStringLiteral("ColorLine1"), Res(3381), [this] { chooseColour(model_.statColour); });
 }
 
 void StatisticsChartWindow::chooseColour(double& target, bool* own) {
@@ -406,6 +409,7 @@ void StatisticsChartWindow::showScreenshotState(const QString& state) {
   }
   if (d.kind == kPie2D) d.series = 2;
   showData(d);
+  for (ChartModel::SeriesLook& look : model_.look) look.statLines = 0;
   if (d.kind == kXY2D) {
     model_.estadiy_Click(ChartModel::StatMean);
     model_.estadiy_Click(ChartModel::StatRegression);

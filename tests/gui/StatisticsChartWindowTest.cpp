@@ -12,6 +12,7 @@
 #include <QXYSeries>
 #include <set>
 
+#include "calc/CalculatorWindow.h"
 #include "shell/ChartWindowRequest.h"
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"
@@ -144,6 +145,28 @@ class StatisticsChartWindowTest : public QObject {
         QVERIFY2(drawn(image), qPrintable(QStringLiteral("kind %1, %2 points").arg(kind).arg(n)));
       }
     }
+  }
+
+  // The calculator's graficoest refuses an empty store, else opens the chart
+  // with the store's lists.
+  void theCalculatorOpensTheChartWithItsStore() {
+    registerWindowFactory(WindowId::StatisticsChart, [] { return new StatisticsChartWindow; });
+    CalculatorWindow calculator;
+    auto* graficoest = calculator.findChild<QAction*>(QStringLiteral("graficoest"));
+    QVERIFY(graficoest);
+    graficoest->trigger();
+    QCOMPARE(guiMessages().shown().size(), size_t(1));
+    QCOMPARE(guiMessages().shown().front().title, Res(3423));
+    QVERIFY(!findWindow(WindowId::StatisticsChart));
+    program().stats.add(0, 4);
+    program().stats.add(0, 9);
+    graficoest->trigger();
+    auto* chart = qobject_cast<StatisticsChartWindow*>(findWindow(WindowId::StatisticsChart));
+    QVERIFY(chart);
+    QCOMPARE(chart->model().X, (std::vector<double>{4, 9}));
+    QCOMPARE(chart->model().includedNames(), QStringList{QStringLiteral("X")});
+    delete chart;
+    clearWindowRegistry();
   }
 
   void printsToPdf() {
