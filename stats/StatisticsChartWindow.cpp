@@ -413,6 +413,6 @@ void StatisticsChartWindow::showScreenshotState(const QString& state) {
   if (d.kind == kXY2D) {
     model_.estadiy_Click(ChartModel::StatMean);
     model_.estadiy_Click(ChartModel::StatRegression);
-    refresh();
   }
+  refresh();
 }
