@@ -752,6 +752,7 @@ void CalculatorWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     engine_.Form_Activate();
     refresh();
+    refreshStatistics();  // the CSV tool may have filled the store meanwhile
   }
 }
 
