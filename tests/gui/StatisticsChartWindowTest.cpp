@@ -169,6 +169,24 @@ class StatisticsChartWindowTest : public QObject {
     clearWindowRegistry();
   }
 
+  // Logarithmic and percent scales, stacked bars and every statistic line
+  // draw in every 2D kind.
+  void scalesAndOptionsDrawInEveryFlatKind() {
+    for (int type : {int(ChartModel::Logarithmic), int(ChartModel::Percent)}) {
+      for (int kind = 1; kind <= 7; ++kind) {
+        ChartModel m;
+        m.Form_Load();
+        m.loadData(sample(30, 0));
+        m.tipo_Click(kind);
+        m.escalatipo_Click(1, type);
+        m.apila_Click();
+        for (int stat = 1; stat <= 5; ++stat) m.estadiy_Click(stat);
+        QCOMPARE(m.axis[1].type, type);
+        QVERIFY2(drawn(charts::renderChart(m, QSize(300, 200))), qPrintable(QStringLiteral("kind %1").arg(kind)));
+      }
+    }
+  }
+
   void printsToPdf() {
     QTemporaryDir dir;
     StatisticsChartWindow w;
