@@ -19,7 +19,9 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <QXYSeries>
+#include <QtDataVisualization/Q3DBars>
 #include <QtDataVisualization/QAbstract3DGraph>
+#include <QtDataVisualization/QBar3DSeries>
 #include <cmath>
 
 #include "shell/ChartWindowRequest.h"
@@ -276,6 +278,17 @@ void StatisticsChartWindow::refresh() {
   if (is3DKind(model_.tipo)) {
     graph_ = charts::buildGraph3D(model_);
     if (graph_) {
+      // A bar picked in 3D reads out as a point does in 2D.
+      if (auto* bars = qobject_cast<Q3DBars*>(graph_)) {
+        for (QBar3DSeries* series : bars->seriesList()) {
+          const int list = series->name() == model_.nameY && model_.included(1) ? 1 : 0;
+          connect(series, &QBar3DSeries::selectedBarChanged, this, [this, list](const QPoint& at) {
+            if (at.y() < 0) return;
+            model_.pointClicked(list, at.y() + 1);
+            Label1->setText(model_.Label1);
+          });
+        }
+      }
       graphContainer_ = QWidget::createWindowContainer(graph_, graphHolder_);
       graphHolder_->layout()->addWidget(graphContainer_);
       stack_->setCurrentWidget(graphHolder_);
