@@ -23,6 +23,8 @@
 #include "shell/ProgramState.h"
 #include "shell/QtTranslations.h"
 #include "shell/WindowRegistry.h"
+#include "stats/CsvToolWindow.h"
+#include "stats/StatisticsChartWindow.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -54,6 +56,8 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Chronometer, [] { return new ChronometerWindow; });
   registerWindowFactory(WindowId::Calendar, [] { return new CalendarWindow; });
   registerWindowFactory(WindowId::Lottery, [] { return new LotteryWindow; });
+  registerWindowFactory(WindowId::StatisticsChart, [] { return new StatisticsChartWindow; });
+  registerWindowFactory(WindowId::CsvTool, [] { return new CsvToolWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

@@ -26,11 +26,13 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "shell/ChartWindowRequest.h"
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
+#include "shell/runtime/NumberText.h"
 
 // The table on screen: row 0 of Bancolist as the column heads, the data rows
 // below, figures to the right.
@@ -224,14 +226,33 @@ QWidget* BankWindow::buildButtons() {
   Command14 = button(QStringLiteral("Command14"), Res(788), Res(788));
   Command14->setCheckable(true);
   Command = button(QStringLiteral("Command"), Res(782), Res(781));
-  // The chart window does not exist yet: the button says so and stays off.
-  Command->setEnabled(false);
+  connect(Command, &QPushButton::clicked, this, [this] { showTableChart(); });
   v->addStretch(1);
   connect(Command7, &QPushButton::clicked, this, [this] { act([&] { model_.Command7_Click(); }); });
   connect(Command9, &QPushButton::clicked, this, [this] { act([&] { model_.Command9_Click(); }); });
   connect(Command14, &QPushButton::clicked, this, [this] { act([&] { model_.Command14_Click(); }); });
   connect(Command15, &QPushButton::clicked, this, [this] { act([&] { model_.Command15_Click(); }); });
   return panel;
+}
+
+// The table's two money columns after the period (interest or contribution,
+// and the capital at the end) as the chart's series X and Y, drawn as bars.
+void BankWindow::showTableChart() {
+  const QList<QStringList>& table = model_.Bancolist;
+  if (table.size() < 2) return;
+  ChartData data;
+  data.xName = table.first().value(2);
+  data.yName = table.first().value(3);
+  for (qsizetype row = 1; row < table.size(); ++row) {
+    double a = 0, b = 0;
+    if (!rt::tryTextToDouble(table.at(row).value(2), a) || !rt::tryTextToDouble(table.at(row).value(3), b)) continue;
+    data.x.push_back(a);
+    data.y.push_back(b);
+    data.categories << table.at(row).value(0);
+  }
+  data.title = heading->text();
+  data.kind = 2;  // "Barras 2D"
+  showChart(data);
 }
 
 QWidget* BankWindow::buildResults() {

@@ -47,6 +47,7 @@ class BankWindow : public QMainWindow {
   void act(Handler&& handler);
   void boxEdited(int index);
   void sumSelection();
+  void showTableChart();
   void print(bool withTables);
   QString askFileName(const BankModel::FileDialogRequest& request);
 

@@ -25,6 +25,7 @@
 
 #include "calc/CalculatorKeypad.h"
 #include "calc/CalculatorMenus.h"
+#include "shell/ChartWindowRequest.h"
 #include "calc/HistoryListView.h"
 #include "calc/NumberToolsView.h"
 #include "calc/StatisticsGridView.h"
@@ -524,6 +525,18 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
   };
   addMenuButton("archivo", 4584);
   addMenuButton("ordenaEstad", 4567);
+  // The CSV tool and the chart are windows of their own, opened through the shell.
+  if (QMenu* file = menus_.value(QStringLiteral("archivo"))) {
+    file->addSeparator();
+    QAction* csv = file->addAction(Res(1937));
+    csv->setObjectName(QStringLiteral("imporcsv"));
+    connect(csv, &QAction::triggered, this, [] { OpenWindow(WindowId::CsvTool); });
+    QAction* chart = file->addAction(Res(3429));
+    chart->setObjectName(QStringLiteral("graficoest"));
+    connect(chart, &QAction::triggered, this, [this] {
+      if (chartStoreAllowed(program().stats)) showChart(chartDataOfStore(program().stats, engine_.regType));
+    });
+  }
   menuRow->addStretch(1);
   v->addLayout(menuRow);
   QMenu* grid = buildMenu("grid", page);
@@ -754,6 +767,7 @@ void CalculatorWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     engine_.Form_Activate();
     refresh();
+    refreshStatistics();  // the CSV tool may have filled the store meanwhile
   }
 }
 

@@ -4,7 +4,7 @@
 // option of the subcommand names one.
 #include <QCoreApplication>
 #include <QFile>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
@@ -92,7 +92,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, std::u
         runtimeDir = std::make_unique<QTemporaryDir>();
         if (runtimeDir->isValid()) qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDir->path()));
       }
-      return std::make_unique<QGuiApplication>(argc, argv);
+      return std::make_unique<QApplication>(argc, argv);  // charts draw with widgets
     }
   }
   return std::make_unique<QCoreApplication>(argc, argv);

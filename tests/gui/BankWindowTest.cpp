@@ -17,10 +17,13 @@
 
 #include "bank/BanFile.h"
 #include "bank/BankWindow.h"
+#include "shell/ChartWindowRequest.h"
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
 #include "shell/Strings.h"
+#include "shell/WindowRegistry.h"
+#include "shell/runtime/NumberText.h"
 #include "tests/support/GuiTestSupport.h"
 
 class BankWindowTest : public QObject {
@@ -68,8 +71,7 @@ class BankWindowTest : public QObject {
       QVERIFY2(control<QPushButton>(w, name), name);
     }
     QVERIFY(control<QTableView>(w, "Bancolist"));
-    // The chart window comes later: its button is off and says so.
-    QVERIFY(!control<QPushButton>(w, "Command")->isEnabled());
+    QVERIFY(control<QPushButton>(w, "Command")->isEnabled());
     QCOMPARE(control<QPushButton>(w, "Command")->toolTip(), Res(781));
     QCOMPARE(w.windowTitle(), Res(724));
     QVERIFY(w.frameGeometry().width() <= 1280 && w.frameGeometry().height() <= 800);
@@ -124,6 +126,33 @@ class BankWindowTest : public QObject {
     QCOMPARE(guiMessages().shown().front().title, Res(774));
     QVERIFY(guiMessages().shown().front().text.contains(Res(776) + QStringLiteral(" 3")));
     QVERIFY(guiMessages().shown().front().text.endsWith(QStringLiteral(" 2930.55")));
+  }
+
+  // The chart button hands the table's money columns to the chart window.
+  void theChartButtonHandsTheTableOver() {
+    ChartData received;
+    int opened = 0;
+    registerWindowFactory(WindowId::StatisticsChart, [&] {
+      auto* chart = new QWidget;
+      setChartReceiver(chart, [&](const ChartData& d) {
+        received = d;
+        ++opened;
+      });
+      return chart;
+    });
+    BankWindow w;
+    show(w);
+    enterLoan(w);
+    QTest::mouseClick(control<QPushButton>(w, "Command7"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(w, "Command"), Qt::LeftButton);
+    QCOMPARE(opened, 1);
+    QCOMPARE(received.x.size(), size_t(10));
+    QCOMPARE(received.y.size(), size_t(10));
+    QCOMPARE(received.x.front(), rt::TextToDouble(cell(w, 1, 2)));
+    QCOMPARE(received.y.back(), rt::TextToDouble(cell(w, 10, 3)));
+    QCOMPARE(received.categories.size(), 10);
+    if (QWidget* chart = findWindow(WindowId::StatisticsChart)) delete chart;
+    clearWindowRegistry();
   }
 
   void aThirtyYearLoanComputesAndShowsQuickly() {

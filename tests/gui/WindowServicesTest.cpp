@@ -177,8 +177,9 @@ class WindowServicesTest : public QObject {
     QCOMPARE(HelpWindow::topicUrl(10100).toString(), QStringLiteral("qrc:/help/es/shell.html#t10100"));
     program().LanguageOffset = 20000;
     QCOMPARE(HelpWindow::topicUrl(10100).toString(), QStringLiteral("qrc:/help/fr/shell.html#t10100"));
+    QCOMPARE(HelpWindow::topicUrl(40003).toString(), QStringLiteral("qrc:/help/fr/stats.html#t40003"));
     // A module without a page yet falls back to the contents page.
-    QCOMPARE(HelpWindow::topicUrl(40003).toString(), QStringLiteral("qrc:/help/fr/index.html"));
+    QCOMPARE(HelpWindow::topicUrl(30003).toString(), QStringLiteral("qrc:/help/fr/index.html"));
   }
 
   void everyLanguageHasTheTopicsOfTheShell() {
