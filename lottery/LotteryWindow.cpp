@@ -25,6 +25,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "shell/ChartWindowRequest.h"
 #include "shell/MessageService.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
@@ -482,21 +483,18 @@ void LotteryWindow::openChart() {
     MBoxShow(3, Res(686), 3, 0, 0, model_.chart.title);
     return;
   }
-  QVariantList keys, values;
-  for (int k : model_.chart.keys) keys << k;
-  for (double v : model_.chart.values) values << v;
-  const QVariantMap series{{QStringLiteral("title"), model_.chart.title},
-                           {QStringLiteral("rangeFrom"), model_.chart.rangeFrom},
-                           {QStringLiteral("rangeTo"), model_.chart.rangeTo},
-                           {QStringLiteral("keys"), keys},
-                           {QStringLiteral("values"), values}};
-  QWidget* w = OpenWindow(WindowId::StatisticsChart);
-  if (!w) return;
-  // The chart window takes the series through a slot when it offers one.
-  w->setProperty("lotterySeries", series);
-  if (w->metaObject()->indexOfMethod("showSeries(QVariantMap)") >= 0) {
-    QMetaObject::invokeMethod(w, "showSeries", Q_ARG(QVariantMap, series));
+  // The counts as bars, one per number, labelled with the numbers.
+  ChartData data;
+  data.title = model_.chart.title;
+  for (int k : model_.chart.keys) {
+    data.x.push_back(k);
+    data.categories << QString::number(k);
   }
+  data.y.assign(model_.chart.values.begin(), model_.chart.values.end());
+  data.yName = model_.chart.title;
+  data.series = 2;
+  data.kind = 2;  // bars
+  showChart(data);
 }
 
 void LotteryWindow::showTen(int index, bool withComplementary) {

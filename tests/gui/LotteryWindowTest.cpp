@@ -16,6 +16,7 @@
 
 #include "lottery/DrawAnalysis.h"
 #include "lottery/LotteryWindow.h"
+#include "shell/ChartWindowRequest.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
@@ -156,17 +157,21 @@ class LotteryWindowTest : public QObject {
     int line = 0;
     QVERIFY(parseDrawsCsv("06/01/2000,1,2,3,4,20,30,5,1,P\n", rows, line));
     QCOMPARE(storeDraws(program().AppFolder.toText() + QStringLiteral("cvxlp.dlj"), rows, false), 1);
-    registerWindowFactory(WindowId::StatisticsChart, [] { return new QWidget; });
+    static ChartData received;
+    registerWindowFactory(WindowId::StatisticsChart, [] {
+      auto* stand = new QWidget;
+      setChartReceiver(stand, [](const ChartData& d) { received = d; });
+      return stand;
+    });
     LotteryWindow w;
     show(w);
     control<QAction>(w, QStringLiteral("lotoestmostrar31_3"))->trigger();
-    QWidget* chart = findWindow(WindowId::StatisticsChart);
-    QVERIFY(chart);
-    const QVariantMap series = chart->property("lotterySeries").toMap();
-    QCOMPARE(series.value("rangeTo").toString(), QStringLiteral("10"));
-    QCOMPARE(series.value("keys").toList().size(), 10);
-    QCOMPARE(series.value("values").toList().at(1).toDouble(), 1.0);  // reintegro 1
-    QVERIFY(series.value("title").toString().startsWith(QStringLiteral("DataBase Loto: ")));
+    QVERIFY(findWindow(WindowId::StatisticsChart));
+    QCOMPARE(received.categories.size(), 10);
+    QCOMPARE(received.categories.last(), QStringLiteral("9"));
+    QCOMPARE(received.y.at(1), 1.0);  // reintegro 1
+    QCOMPARE(received.series, 2);
+    QVERIFY(received.title.startsWith(QStringLiteral("DataBase Loto: ")));
     QVERIFY(guiMessages().shown().empty());
     clearWindowRegistry();
   }
