@@ -49,9 +49,12 @@ QList<NormalKey> buildKeys() {
   keys << shared("Command6", 0, V, 0, 0) << shared("Command6", 1, V, 0, 1) << shared("Command6", 2, V, 0, 2)
        << shared("Command60", -1, V, 0, 3) << shared("Command33", -1, V, 0, 4) << shared("Command34", -1, V, 0, 5);
   for (int i = 0; i < 4; ++i) {
-    keys << shared("Command24", i, NormalPanel::Memories, 0, 4 * i + 1)
-         << shared("Command28", i, NormalPanel::Memories, 0, 4 * i + 2)
-         << shared("Command29", i, NormalPanel::Memories, 0, 4 * i + 3)
+    // Two memories to a row: field, MR, M+, MC.
+    const int row = i / 2;
+    const int column = 4 * (i % 2);
+    keys << shared("Command24", i, NormalPanel::Memories, row, column + 1)
+         << shared("Command28", i, NormalPanel::Memories, row, column + 2)
+         << shared("Command29", i, NormalPanel::Memories, row, column + 3)
          << shared("Command74", i, NormalPanel::Registers, 0, i);
   }
   return keys;

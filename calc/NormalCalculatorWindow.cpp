@@ -16,6 +16,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "calc/HistoryListView.h"
 #include "calc/NormalCalculatorKeys.h"
@@ -120,7 +121,7 @@ NormalCalculatorWindow::NormalCalculatorWindow(QWidget* parent) : QMainWindow(pa
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   loadCaptions();
-  resize(sizeHint().expandedTo(QSize(460, 0)));
+  resize(std::max(minimumSizeHint().width(), 540), sizeHint().height());
   if (ChameleonButtonWidget* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
 
@@ -217,8 +218,8 @@ QWidget* NormalCalculatorWindow::buildMemories() {
     f->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     f->setMinimumWidth(60);
     m1 << f;
-    grid->addWidget(f, 0, 4 * i);
-    grid->setColumnStretch(4 * i, 1);
+    grid->addWidget(f, i / 2, 4 * (i % 2));
+    grid->setColumnStretch(4 * (i % 2), 1);
   }
   for (ChameleonButtonWidget* b : strip->findChildren<ChameleonButtonWidget*>()) b->setFixedWidth(34);
   auto* box = new QWidget(this);
