@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QHash>
 #include <QLabel>
@@ -110,6 +111,34 @@ void translateAction(QAction* a, int from, int to) {
   }
 }
 
+// A window's model keeps the texts it computed when the window was built;
+// a title the window takes from it later is brought to the language in use.
+class TitleFollower : public QObject {
+ public:
+  TitleFollower(QWidget* window, int builtOffset) : QObject(window), window_(window), builtOffset_(builtOffset) {
+    window->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == window_ && event->type() == QEvent::WindowTitleChange && !busy_) {
+      const QString title = window_->windowTitle();
+      const QString now = TranslateText(title, builtOffset_, program().LanguageOffset);
+      if (now != title) {
+        busy_ = true;
+        window_->setWindowTitle(now);
+        busy_ = false;
+      }
+    }
+    return false;
+  }
+
+ private:
+  QWidget* window_;
+  int builtOffset_;
+  bool busy_ = false;
+};
+
 }  // namespace
 
 QString TranslateText(const QString& text, int fromOffset, int toOffset) {
@@ -133,6 +162,7 @@ void TranslateWindowTexts(QWidget* window, int fromOffset, int toOffset) {
 void FollowProgramLanguage(QWidget* window) {
   if (!window) return;
   window->setProperty(kOffsetProperty, program().LanguageOffset);
+  new TitleFollower(window, program().LanguageOffset);
   QObject::connect(&languageNotifier(), &LanguageNotifier::languageChanged, window, [window] {
     const int from = window->property(kOffsetProperty).toInt();
     const int to = program().LanguageOffset;

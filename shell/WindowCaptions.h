@@ -6,6 +6,8 @@
 // the language it was shown in and replaced by the same string in the new
 // one. A text made of pieces joined by "  -  " is translated piece by piece;
 // a text that is not in the table (numbers, names, values) stays as it is.
+// A title the window takes later from texts its model computed when it was
+// built (in the language of then) is translated the same way as it is set.
 //
 // OpenWindow makes every module window follow the language this way unless
 // the window reloads its captions itself (property "ownCaptionLoader").

@@ -88,6 +88,10 @@ class LanguageReloadTest : public QObject {
       QVERIFY2(window, qPrintable(windowName(w.id)));
       QVERIFY2(allTexts(window).contains(LoadResString(20000 + w.stringId)), qPrintable(windowName(w.id)));
     }
+    // A title set again from the texts of the window's model, computed in Spanish.
+    QWidget* plot = findWindow(WindowId::Plot);
+    plot->setWindowTitle(LoadResString(1600));
+    QCOMPARE(plot->windowTitle(), LoadResString(21600));
     SetProgramLanguage(1);
     for (const auto& w : windows) {
       QVERIFY2(allTexts(findWindow(w.id)).contains(LoadResString(w.stringId)), qPrintable(windowName(w.id) + " back"));
