@@ -360,6 +360,13 @@ void Chronometer::Check1_Click(int value) {
   updateLabels();
 }
 
+void Chronometer::loadCaptions() {
+  Label2 = Res(400 + mode_);
+  caption = Res(8) + QStringLiteral("  -  ") + Label2;
+  updateLabels();
+  notify();
+}
+
 void Chronometer::switchOffAlarm() {
   if (Check1 == 0) return;
   Check1 = 0;

@@ -118,6 +118,8 @@ class Chronometer {
   void crono1_Click(int index);
   void Command4_Click();  // arms the alarm
   void Check1_Click(int value);
+  // The texts of the mode and the alarm again, in the language in use.
+  void loadCaptions();
   // The alarm switched off from outside (Preferences): as Check1 cleared.
   void switchOffAlarm();
   void Check2_Click(int value);
