@@ -120,6 +120,7 @@ NormalCalculatorWindow::NormalCalculatorWindow(QWidget* parent) : QMainWindow(pa
 
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  setProperty("screenshotStates", QStringList{QStringLiteral("history")});
   loadCaptions();
   resize(std::max(minimumSizeHint().width(), 540), sizeHint().height());
   if (ChameleonButtonWidget* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
@@ -291,6 +292,16 @@ void NormalCalculatorWindow::loadCaptions() {
   }
   model_.engine.Form_Activate();  // the currency captions and register labels
   refresh();
+}
+
+void NormalCalculatorWindow::showScreenshotState(const QString& state) {
+  if (state != QLatin1String("history")) return;
+  for (QChar c : QStringLiteral("1250*1.16=")) model_.typeCharacter(c);
+  model_.keyDown(Qt::Key_1, Qt::ShiftModifier);
+  for (QChar c : QStringLiteral("81")) model_.typeCharacter(c);
+  model_.keyDown(Qt::Key_F5);
+  model_.typeCharacter(QLatin1Char('p'));
+  afterEvent();
 }
 
 ChameleonButtonWidget* NormalCalculatorWindow::keyButton(const QString& control, int index) const {

@@ -34,6 +34,10 @@ class NormalCalculatorWindow : public QMainWindow {
   // Captions and tooltips from the string table, in the language in use.
   void loadCaptions();
 
+ public Q_SLOTS:
+  // The screenshot tour's extra state: "history" shows a few sums done.
+  void showScreenshotState(const QString& state);
+
  protected:
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
