@@ -282,7 +282,7 @@ void NormalCalculatorWindow::loadCaptions() {
   Combo1->setToolTip(Res(4793));
   for (QLineEdit* f : std::as_const(m1)) f->setToolTip(Res(4790));
   registersLabel_->setText(Res(4795));
-  ver_->setTitle(Res(4108));
+  ver_->setTitle(Res(1601));
   const std::pair<const char*, int> items[] = {
       {"normalcalc", 4106}, {"cientificacalc", 4107}, {"registros", 4786}, {"acerca", 16}};
   for (QAction* a : ver_->actions()) {
