@@ -5,6 +5,7 @@
 #include "app/ScreenshotTour.h"
 #include "bank/BankWindow.h"
 #include "calc/CalculatorWindow.h"
+#include "calc/NormalCalculatorWindow.h"
 #include "calendar/CalendarWindow.h"
 #include "chrono/ChronometerWindow.h"
 #include "convert/ConverterWindow.h"
@@ -13,6 +14,7 @@
 #include "funcs/PlotWindow.h"
 #include "geometry/GeometryWindow.h"
 #include "lottery/LotteryWindow.h"
+#include "shell/AboutWindow.h"
 #include "shell/ControlCentreWindow.h"
 #include "shell/DesktopPlatform.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -46,6 +48,8 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
   registerWindowFactory(WindowId::ControlCentre, [] { return new ControlCentreWindow; });
   registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
+  registerWindowFactory(WindowId::NormalCalculator, [] { return new NormalCalculatorWindow; });
+  registerWindowFactory(WindowId::About, [] { return new AboutWindow; });
   registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
   registerWindowFactory(WindowId::Plot, [] { return new PlotWindow; });
   registerWindowFactory(WindowId::UnitConverter, [] { return new ConverterWindow; });

@@ -108,6 +108,7 @@ class CalculatorEngine {
   std::array<QString, 4> m1;  // the memory fields: each memory's value as text
   std::array<QString, 4> Command74Tooltip;  // the register labels, rewritten on activation
   CalculatorHistory Combo1;
+  int historyHeadingId = 4104;  // heading of the history printout
   int Command69Tag = 0;  // last kind of history line written
   QStringList List3, List4;  // the auxiliary viewer: the tools' results, in pairs
   // Working values the viewer's tools keep between two uses; Command64 clears them.
@@ -167,6 +168,9 @@ class CalculatorEngine {
 
   // ---- Scientific functions (ScientificFunctions.cpp) ----------------------
   void Command10_Click(int index);  // log, 10^x, ln, e^x, 1/x, roots, squares, 2pi, pi
+  // The body of Command10(index) for a key of another window: its help topic
+  // and the name func shows.
+  void powerKey(int controlNumber, int index, const QString& name);
   void Command21_Click(int index);  // sin, cos, tan, arcsin, arccos, arctan
   void Command43_Click();           // hyp: the next trigonometric key is hyperbolic
   void Command36_Click(int index);  // Int, Fix, fraction part

@@ -21,6 +21,7 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "calc/CalculatorKeypad.h"
@@ -28,6 +29,7 @@
 #include "shell/ChartWindowRequest.h"
 #include "calc/HistoryListView.h"
 #include "calc/NumberToolsView.h"
+#include "calc/NormalCalculatorWindow.h"
 #include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -131,6 +133,8 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   columns->addLayout(left, 11);
   columns->addWidget(buildPanels(), 4);
   setCentralWidget(central);
+  central->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(central, &QWidget::customContextMenuRequested, this, [this] { showWindowMenu(); });
 
   historyPanel_ = new QLabel(this);
   currencyPanel_ = new QLabel(this);
@@ -745,6 +749,12 @@ void CalculatorWindow::showWindowMenu() {
         menu->addMenu(sub);
       }
     }
+    // normalcalc: this window gives way to the normal calculator.
+    QAction* normal = menu->addAction(Res(4106));
+    normal->setObjectName(QStringLiteral("normalcalc"));
+    connect(normal, &QAction::triggered, this, [this] {
+      QTimer::singleShot(0, this, [this] { SwitchCalculatorWindow(this, WindowId::NormalCalculator); });
+    });
     menus_.insert(QStringLiteral("window"), menu);
   }
   QWidget* anchor = focusWidget() ? focusWidget() : this;

@@ -231,7 +231,7 @@ void CalculatorEngine::List4_DblClick(int index) {
 // Each line numbered "0001", its text and, when it holds one, its value.
 PrintDocument CalculatorEngine::historyDocument() const {
   PrintDocument doc(Res(1297));
-  printoutHead(doc, 4104);
+  printoutHead(doc, historyHeadingId);
   const QStringList& lines = Combo1.lines();
   for (qsizetype i = 0; i < lines.size(); ++i) {
     const QString text = withoutTrailingBlanks(lines.at(i));

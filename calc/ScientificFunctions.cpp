@@ -55,8 +55,11 @@ void CalculatorEngine::showAnswer(double answer, bool reformat) {
 // ---- Powers and logarithms -------------------------------------------------------
 
 void CalculatorEngine::Command10_Click(int index) {
-  guarded(10, [&] {
-    const QString name = keyCaption(QStringLiteral("Command10"), index);
+  powerKey(10, index, keyCaption(QStringLiteral("Command10"), index));
+}
+
+void CalculatorEngine::powerKey(int controlNumber, int index, const QString& name) {
+  guarded(controlNumber, [&] {
     switch (index) {
       case 0:
         unaryKey(name, [](double x) { return x <= 0 ? failure(18) : Outcome{rt::Log(x) / rt::Log(10)}; });

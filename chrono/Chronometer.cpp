@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "chrono/CroFile.h"
+#include "shell/AlarmSwitch.h"
 #include "shell/Clock.h"
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
@@ -61,6 +62,7 @@ Chronometer::Chronometer(Clock& clock) : clock_(clock) {
   Timer2 = clock_.createTimer([this] { Timer2_Timer(); });
   Text1 = {QStringLiteral("00"), QStringLiteral("00"), QStringLiteral("00")};
   Text2 = QStringLiteral("5");
+  QObject::connect(&alarmSwitch(), &AlarmSwitch::switchedOff, &alarmSwitchContext_, [this] { switchOffAlarm(); });
 }
 
 Chronometer::~Chronometer() = default;
@@ -356,6 +358,20 @@ void Chronometer::Check1_Click(int value) {
   Check1 = value ? 1 : 0;
   if (Check1) hasonado = false;
   updateLabels();
+}
+
+void Chronometer::loadCaptions() {
+  Label2 = Res(400 + mode_);
+  caption = Res(8) + QStringLiteral("  -  ") + Label2;
+  updateLabels();
+  notify();
+}
+
+void Chronometer::switchOffAlarm() {
+  if (Check1 == 0) return;
+  Check1 = 0;
+  updateLabels();
+  notify();
 }
 
 void Chronometer::Check2_Click(int value) {

@@ -22,6 +22,7 @@
 //  - Messages go through ReportError and MBoxShow; the file dialog through a
 //    hook; the view repaints when the model calls hooks.changed.
 #include <QDateTime>
+#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <array>
@@ -117,6 +118,10 @@ class Chronometer {
   void crono1_Click(int index);
   void Command4_Click();  // arms the alarm
   void Check1_Click(int value);
+  // The texts of the mode and the alarm again, in the language in use.
+  void loadCaptions();
+  // The alarm switched off from outside (Preferences): as Check1 cleared.
+  void switchOffAlarm();
   void Check2_Click(int value);
   void Check3_Click(int value);
   void menuaccion_Click(int action);  // picks accion: 0 "Apagar", 1 "Suspender", 2 "SalvaPant."
@@ -138,6 +143,7 @@ class Chronometer {
   static int actionOf(int accion);
 
  private:
+  QObject alarmSwitchContext_;  // receives the shell's switch-off while this model lives
   void setMode(int index, bool ask);
   void askCountdown();
   void restore();

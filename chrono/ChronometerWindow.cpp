@@ -23,6 +23,7 @@
 
 #include "chrono/PowerWarningDialog.h"
 #include "shell/Clock.h"
+#include "shell/LanguageService.h"
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
@@ -152,6 +153,7 @@ ChronometerWindow::ChronometerWindow(QWidget* parent, Clock* clock)
 
   warning_ = new PowerWarningDialog(this);
   connect(warning_, &PowerWarningDialog::cancelled, this, [this] { act([this] { model_.warning_Close(); }); });
+  connect(&languageNotifier(), &LanguageNotifier::languageChanged, this, [this] { model_.loadCaptions(); });
 
   // The keyboard: F5 starts, F6 stops or continues, F7 takes a lap, F8 sets to zero.
   auto key = [this](QKeySequence keys, int button) {

@@ -1,9 +1,12 @@
-// calvix-cli keys: the scientific calculator driven by a key sequence.
+// calvix-cli keys: the calculators driven by a key sequence.
 //
-//   calvix-cli keys [--answer TEXT]... [--memories LIST] [--registers LIST] "<sequence>"
+//   calvix-cli keys [--normal] [--answer TEXT]... [--memories LIST] [--registers LIST] "<sequence>"
 //
-// A fresh calculator, as the window has it on load, takes the keys of the
-// sequence (see calc/KeySequence.h for the tokens); then its state is printed:
+// A fresh calculator, as the window has it on load (the scientific comand1,
+// or the normal comand2 with --normal), takes the keys of the sequence (see
+// calc/KeySequence.h for the tokens; normalcalc and cientificacalc trade one
+// window for the other, calc/CalculatorSession.h); then the state of the
+// window shown at the end is printed (--json adds window and mode):
 // numero, result, func, errorState, pendingOp, entryActive, the modes
 // (angulo, temperat, ivas, HexDec, hypFlag), the four memories (the texts of
 // the fields m1), the four registers (value and label) and the history.
@@ -27,6 +30,7 @@
 #include <functional>
 
 #include "calc/CalculatorEngine.h"
+#include "calc/CalculatorSession.h"
 #include "calc/KeySequence.h"
 #include "cli/CliCommand.h"
 #include "shell/runtime/NumberText.h"
@@ -82,12 +86,13 @@ int runKeys(CliContext& ctx) {
   ctx.takeOption(QStringLiteral("--memories"), memories);
   ctx.takeOption(QStringLiteral("--registers"), registers);
   QStringList files = ctx.takeOptions(QStringLiteral("--file"));
+  const CalculatorKind first = ctx.takeFlag(QStringLiteral("--normal")) ? CalculatorKind::Normal : CalculatorKind::Scientific;
   if (const int code = ctx.refuseOptions()) return code;
   if (ctx.args.isEmpty()) return ctx.usage(QStringLiteral("keys takes a key sequence: keys \"12 + 3 =\""));
   const QString sequence = ctx.args.join(QLatin1Char(' '));
-  QList<KeyStep> steps;
+  QList<SessionStep> steps;
   QString error;
-  if (!parseKeySequence(sequence, steps, error)) return ctx.usage(QStringLiteral("keys: ") + error);
+  if (!parseSessionSequence(sequence, first, steps, error)) return ctx.usage(QStringLiteral("keys: ") + error);
   if (!memories.isEmpty() &&
       !readStartValues(memories, false, error,
                        [](int i, double v, const QString*) { program().Memories[static_cast<size_t>(i)] = v; })) {
@@ -100,14 +105,16 @@ int runKeys(CliContext& ctx) {
     return ctx.usage(QStringLiteral("keys --registers: ") + error);
   }
 
-  CalculatorEngine engine;
-  engine.fileDialog = [&files](const CalculatorEngine::FileDialogRequest&) {
+  CalculatorSession session(first);
+  session.fileDialog = [&files](const CalculatorEngine::FileDialogRequest&) {
     return files.isEmpty() ? QString() : files.takeFirst();
   };
-  engine.Form_Activate();
-  runKeySteps(engine, steps);
+  runSessionSteps(session, steps);
+  const CalculatorEngine& engine = session.engine();
 
   if (ctx.jsonOutput) {
+    ctx.json.insert(QStringLiteral("window"), calculatorWindowName(session.shown()));
+    ctx.json.insert(QStringLiteral("mode"), program().CalculatorMode.toText());
     ctx.json.insert(QStringLiteral("numero"), engine.numero.text());
     ctx.json.insert(QStringLiteral("result"), engine.result.text());
     ctx.json.insert(QStringLiteral("func"), engine.func);
@@ -169,12 +176,14 @@ int runKeys(CliContext& ctx) {
 }  // namespace
 
 CALVIX_CLI_COMMAND("keys",
-                   "the scientific calculator after a key sequence: keys [--answer T|button:N]...\n"
+                   "the calculator after a key sequence: keys [--normal] [--answer T|button:N]...\n"
                    "            [--memories M1,M2,M3,M4] [--registers R1[:LABEL],R2,...] \"12 + 3 =\"\n"
                    "            memories and registers start from the values given (point as decimal mark;\n"
                    "            an empty item keeps the default, a register without :LABEL keeps its label)\n"
                    "            [--file PATH]... answers the file dialogs of abrirest, guardarest, exporcsv;\n"
                    "            statistics tokens: X Y Command15(i) Command2(i) Command16(i) Command84(i)\n"
                    "            Regresion(i) MnuClrSTD(i) ordenaEstad(i) MSFlexGrid1(g)=row changecell borracell\n"
-                   "            right:CONTROL is a right click (right:Command51 asks the random base)",
+                   "            right:CONTROL is a right click (right:Command51 asks the random base)\n"
+                   "            --normal starts in the normal calculator (comand2); normalcalc and cientificacalc\n"
+                   "            switch windows (the tokens after them go to the window shown)",
                    runKeys);

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <unistd.h>
 
+#include "shell/AlarmSwitch.h"
 #include "shell/ErrorReport.h"
 #include "shell/LanguageService.h"
 #include "shell/MessageService.h"
@@ -186,6 +187,7 @@ void Preferences::Command2_Click() {
   if (List2 >= 0) p.AlarmDuration = static_cast<std::int16_t>(List2);
   if ((p.SlowComputer != 0) != (Check2 != 0)) {
     p.SlowComputer = static_cast<std::int16_t>(Check2);
+    SwitchOffAlarm();  // the alarm's timing depends on the processor mark
     p.MessageSound = 5;
     MBoxShow(0, text(152) + QLatin1Char('\n') + text(153) + QLatin1Char('\n') + text(154) + QLatin1Char('\n') + text(155), 2,
              0, 0, text(151));

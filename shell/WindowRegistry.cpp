@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include "shell/AlarmIconWidget.h"
+#include "shell/WindowCaptions.h"
 #include "shell/WindowServices.h"
 
 namespace {
@@ -79,6 +80,11 @@ QWidget* OpenWindow(WindowId id) {
     if (!w) return nullptr;
     registry().windows.insert(static_cast<int>(id), w);
     addAlarmIcon(id, w);
+    // Windows without a caption loader of their own follow the language.
+    if (!w->property("ownCaptionLoader").toBool() && id != WindowId::ControlCentre && id != WindowId::Help &&
+        id != WindowId::Preferences) {
+      FollowProgramLanguage(w);
+    }
   }
   if (w->isMinimized()) w->setWindowState(w->windowState() & ~Qt::WindowMinimized);
   w->show();

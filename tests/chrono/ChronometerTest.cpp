@@ -428,4 +428,13 @@ TEST_F(ChronometerTest, PrintsTheListWithItsHeaderAndPageNumbers) {
   EXPECT_TRUE(texts.contains(QStringLiteral(" 60.  00:00:59")));
 }
 
+TEST_F(ChronometerTest, LoadCaptionsRewritesTheModeAndAlarmTextsInTheLanguageInUse) {
+  armAlarm("11", "00", "00");
+  program().LanguageOffset = 20000;
+  m->loadCaptions();
+  EXPECT_EQ(m->caption, Res(8) + QStringLiteral("  -  ") + Res(400 + m->mode()));
+  EXPECT_EQ(m->Label2, LoadResString(20400 + m->mode()));
+  EXPECT_TRUE(m->Label18.startsWith(LoadResString(20414))) << m->Label18.toStdString();
+}
+
 }  // namespace

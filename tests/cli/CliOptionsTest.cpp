@@ -37,9 +37,9 @@ TEST(CliOptions, BadUsageExitsTwoWithAMessage) {
 TEST(CliOptions, EverySubcommandRefusesAnOptionItDoesNotKnow) {
   const QStringList commands = {"eval", "keys", "number", "plot", "settings", "stats", "table"};
   for (const QString& command : commands) {
-    const CliRun r = runCli({command, QStringLiteral("--normal"), QStringLiteral("5")});
+    const CliRun r = runCli({command, QStringLiteral("--nonesuch"), QStringLiteral("5")});
     EXPECT_EQ(r.exitCode, 2) << command.toStdString();
-    EXPECT_TRUE(r.err.contains(QLatin1String("--normal"))) << command.toStdString() << r.err.toStdString();
+    EXPECT_TRUE(r.err.contains(QLatin1String("--nonesuch"))) << command.toStdString() << r.err.toStdString();
     EXPECT_TRUE(r.out.isEmpty()) << command.toStdString();
   }
   // After "--" a word that looks like an option is an argument.
