@@ -46,6 +46,9 @@
 #include <functional>
 
 #include "calc/CalculatorHistory.h"
+#include "calc/EquationDialogs.h"
+#include "calc/LinearSystem.h"
+#include "calc/MatrixModel.h"
 #include "calc/TextField.h"
 #include "shell/runtime/Variant.h"
 
@@ -239,6 +242,11 @@ class CalculatorEngine {
   // False when refused.
   bool loadStatisticsFile(const QString& path);
   PrintDocument statisticsDocument() const;
+
+  // ---- Matrices, linear systems, equations (MatrixModel, LinearSystem, EquationDialogs) ----
+  MatrixModel matrices{*this};
+  LinearSystem linearSystem{*this};
+  EquationDialogs equations{*this};
 
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear

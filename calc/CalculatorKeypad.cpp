@@ -1,6 +1,7 @@
 #include "calc/CalculatorKeypad.h"
 
 #include "calc/CalculatorEngine.h"
+#include "calc/EquationDialogs.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/Strings.h"
 
@@ -187,6 +188,7 @@ QList<KeypadKey> buildKeys() {
   addConstantKeys(keys);
   addMemoryKeys(keys);
   addStatisticsKeys(keys);
+  addEquationKeys(keys);
   return keys;
 }
 

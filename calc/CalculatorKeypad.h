@@ -22,6 +22,7 @@ enum class KeypadPanel {
   HistoryTools, // under the history list
   ViewerTools,  // under the auxiliary viewer
   Statistics,   // the statistics panel, under its two grids
+  Equations,    // the equation tools and the linear system
 };
 
 struct KeypadKey {

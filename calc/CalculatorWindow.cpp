@@ -26,6 +26,7 @@
 #include "calc/CalculatorKeypad.h"
 #include "calc/CalculatorMenus.h"
 #include "calc/HistoryListView.h"
+#include "calc/MatrixPanelView.h"
 #include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -360,6 +361,10 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_->addTab(viewerPage_, Res(4543));
   statisticsPage_ = buildStatisticsPage();
   panels_->addTab(statisticsPage_, Res(4207));
+  matrixPage_ = new MatrixPanelView(engine_, [this] { afterEvent(); }, panels_);
+  panels_->addTab(matrixPage_, Res(4307));
+  equationsPage_ = new EquationsPanelView(engine_, buildKeyGrid(KeypadPanel::Equations, panels_), [this] { afterEvent(); }, panels_);
+  panels_->addTab(equationsPage_, Res(4946));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -624,6 +629,8 @@ void CalculatorWindow::refresh() {
   refreshHistory();
   refreshPanels();
   refreshStatistics();
+  matrixPage_->refresh();
+  equationsPage_->refresh();
   historyPanel_->setText(engine_.historyStatus());
   static_cast<FillBar*>(Picture1)->setFill(engine_.Combo1.fill());
   currencyPanel_->setText(engine_.currencyStatus());

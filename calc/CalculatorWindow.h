@@ -18,7 +18,9 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
 
+class EquationsPanelView;
 class HistoryListView;
+class MatrixPanelView;
 class QMenu;
 class QToolButton;
 class StatisticsGridView;
@@ -106,6 +108,8 @@ class CalculatorWindow : public QMainWindow {
   QTabWidget* panels_ = nullptr;
   // The statistics panel: the grids with their counts, the menus.
   QWidget* statisticsPage_ = nullptr;
+  MatrixPanelView* matrixPage_ = nullptr;        // matrices A, B, C
+  EquationsPanelView* equationsPage_ = nullptr;  // equation tools, linear system
   std::array<StatisticsGridView*, 2> MSFlexGrid1{};
   QLabel* numnx = nullptr;
   QLabel* numny = nullptr;
