@@ -417,6 +417,7 @@ void CalculatorEngine::Command22_Click() {
 // ---- Failure paths -------------------------------------------------------------------
 
 void CalculatorEngine::reportFailure(int code) {
+  lastErrorCode = code;
   result = ErrorText(code);
   numero = kZero;
   errorState = 2;
@@ -424,6 +425,7 @@ void CalculatorEngine::reportFailure(int code) {
 }
 
 void CalculatorEngine::unexpectedFailure() {
+  lastErrorCode = 31;
   result = kZero;
   numero = kZero;
   errorState = 1;

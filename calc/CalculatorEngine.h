@@ -46,7 +46,7 @@
 #include <functional>
 
 #include "calc/CalculatorHistory.h"
-#include "calc/EquationDialogs.h"
+#include "calc/EquationTools.h"
 #include "calc/LinearSystem.h"
 #include "calc/MatrixModel.h"
 #include "calc/TextField.h"
@@ -243,10 +243,10 @@ class CalculatorEngine {
   bool loadStatisticsFile(const QString& path);
   PrintDocument statisticsDocument() const;
 
-  // ---- Matrices, linear systems, equations (MatrixModel, LinearSystem, EquationDialogs) ----
+  // ---- Matrices, linear systems, equations (MatrixModel, LinearSystem, EquationTools) ----
   MatrixModel matrices{*this};
   LinearSystem linearSystem{*this};
-  EquationDialogs equations{*this};
+  EquationTools equations{*this};
 
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear
@@ -254,6 +254,7 @@ class CalculatorEngine {
   void reportFailure(int code);
   // A run-time failure inside a key: the text of code 31 after the clear.
   void unexpectedFailure();
+  int lastErrorCode = 0;  // code of the last failure shown (31 unexpected), 0 none
 
   // ---- Entry points shared by the window and calvix-cli --------------------
   // Clicks a control by name ("Command13", index 3); false when the calculator

@@ -1,7 +1,7 @@
 #include "calc/CalculatorKeypad.h"
 
 #include "calc/CalculatorEngine.h"
-#include "calc/EquationDialogs.h"
+#include "calc/EquationTools.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/Strings.h"
 

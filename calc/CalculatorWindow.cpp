@@ -152,7 +152,8 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   resize(1160, 560);
-  setProperty("screenshotStates", QStringList{QStringLiteral("statistics")});
+  setProperty("screenshotStates",
+              QStringList{QStringLiteral("statistics"), QStringLiteral("matrices"), QStringLiteral("system")});
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -541,6 +542,12 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
 }
 
 void CalculatorWindow::showScreenshotState(const QString& state) {
+  if (state == QLatin1String("matrices") || state == QLatin1String("system")) {
+    showMatrixScreenshotState(engine_, state);
+    panels_->setCurrentWidget(state == QLatin1String("system") ? static_cast<QWidget*>(equationsPage_) : matrixPage_);
+    afterEvent();
+    return;
+  }
   if (state != QLatin1String("statistics")) return;
   const double x[] = {1.5, 2.25, 3, 4.75, 5.5, 7, 8.25, 9.5, 11, 12.5, 14, 15.25};
   for (double v : x) {

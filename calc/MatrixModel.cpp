@@ -83,7 +83,8 @@ void MatrixModel::putC(const Matrix& m) {
   c.rows = m.rows;
   c.cols = m.cols;
   c.cells.clear();
-  for (double v : m.cells) c.cells << rt::NumberToText(v);
+  // A negative zero shows as 0, as the runtime writes it.
+  for (double v : m.cells) c.cells << rt::NumberToText(v + 0.0);
   Text6[2] = QString::number(m.rows);
   Text7[2] = QString::number(m.cols);
   ++revision;
@@ -254,7 +255,7 @@ void MatrixModel::MatrizOp_Click(int index) {
         Matrix one(1, 1);
         one.at(0, 0) = d;
         putC(one);
-        const QString value = rt::NumberToText(d);
+        const QString value = rt::NumberToText(d + 0.0);
         engine_.result = QStringLiteral("|") + l + QStringLiteral("| ") + QStringLiteral(" =  (") + value + QLatin1Char(')');
         engine_.numero = value;
         engine_.entryActive = 0;

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "calc/CalculatorEngine.h"
+#include "shell/MessageService.h"
 #include "shell/Strings.h"
 
 namespace {
@@ -235,4 +236,26 @@ void EquationsPanelView::refresh() {
       item->setText(s.cell(r, c));
     }
   }
+}
+
+void showMatrixScreenshotState(CalculatorEngine& engine, const QString& state) {
+  if (state == QLatin1String("matrices")) {
+    MatrixModel& m = engine.matrices;
+    m.setGrid(0, {{"2", "-1", "0"}, {"-1", "2", "-1"}, {"0", "-1", "2"}});
+    m.setGrid(1, {{"1", "0", "3"}, {"0", "4", "1"}, {"2", "1", "0"}});
+    m.clickedGrid = 0;
+    m.MatrizOp_Click(3);
+    m.MatrizOp_Click(5);
+    return;
+  }
+  // x + y + z = 6, 2x - y + z = 3, x + 2y - z = 2
+  ScriptedPresenter answers;
+  answers.queueAnswer(QStringLiteral("3"));
+  answers.queueAnswer(QStringLiteral("1"));
+  const PresenterScope scope(&answers);
+  LinearSystem& s = engine.linearSystem;
+  s.Command39_Click();
+  const char* const cells[] = {"1", "1", "1", "6", "2", "-1", "1", "3", "1", "2", "-1", "2"};
+  for (int i = 0; i < 12; ++i) s.setCell(i / 4, i % 4, QString::fromLatin1(cells[i]));
+  s.Command85_Click(1);
 }

@@ -39,6 +39,10 @@ class MatrixPanelView : public QWidget {
   int shownRevision_ = -1;
 };
 
+// The screenshot tour's states: "matrices" fills the three grids, "system"
+// solves a system of three equations.
+void showMatrixScreenshotState(CalculatorEngine& engine, const QString& state);
+
 // The equations page: the tool keys (built by the window from the key
 // table, like every other key) and the system grid.
 class EquationsPanelView : public QWidget {

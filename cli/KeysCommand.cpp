@@ -126,6 +126,10 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("registers"), r);
     ctx.json.insert(QStringLiteral("history"), QJsonArray::fromStringList(engine.Combo1.lines()));
     ctx.json.insert(QStringLiteral("statistics"), statisticsJson(engine));
+    ctx.json.insert(QStringLiteral("errorCode"), engine.lastErrorCode);
+    QJsonArray viewer;
+    for (qsizetype i = 0; i < engine.List3.size(); ++i) viewer.append(QJsonArray{engine.List3.at(i), engine.List4.value(i)});
+    ctx.json.insert(QStringLiteral("viewer"), viewer);
     return 0;
   }
   // One line per field: a line break inside result is written as "\n".
@@ -153,6 +157,10 @@ int runKeys(CliContext& ctx) {
     for (int i = 1; i <= st.count(list); ++i) {
       ctx.out << (list == 0 ? "X\t" : "Y\t") << i << '\t' << rt::NumberToText(st.at(list, i)) << '\n';
     }
+  }
+  ctx.out << "errorCode\t" << engine.lastErrorCode << '\n';
+  for (qsizetype i = 0; i < engine.List3.size(); ++i) {
+    ctx.out << "viewer\t" << engine.List3.at(i) << '\t' << engine.List4.value(i) << '\n';
   }
   return 0;
 }

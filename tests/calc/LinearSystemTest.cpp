@@ -35,15 +35,15 @@ TEST_F(LinearSystemTest, NumberOfEquationsFromOneToFifty) {
 }
 
 TEST_F(LinearSystemTest, SolvesAndListsTheUnknowns) {
-  // x + y = 3, x - y = 1
-  define({"1", "1", "3", "1", "-1", "1"}, QStringLiteral("2"));
+  // x + y = 30, x - y = -10
+  define({"1", "1", "30", "1", "-1", "-10"}, QStringLiteral("2"));
   s.Command85_Click(1);
   EXPECT_EQ(s.rankA, 2);
   EXPECT_EQ(s.rankAK, 2);
-  EXPECT_EQ(s.X, (QStringList{"2.e+0", "1.e+0"}));
-  EXPECT_EQ(e.result.text(), QStringLiteral("X1 = 2.e+0\nX2 = 1.e+0"));
+  EXPECT_EQ(s.X, (QStringList{"1.e+1", "2.e+1"}));
+  EXPECT_EQ(e.result.text(), QStringLiteral("X1 = 1.e+1\nX2 = 2.e+1"));
   EXPECT_EQ(e.List3, (QStringList{Res(4422), ":   X1", ":   X2"}));
-  EXPECT_EQ(e.List4.mid(1), (QStringList{"2.e+0", "1.e+0"}));
+  EXPECT_EQ(e.List4.mid(1), (QStringList{"1.e+1", "2.e+1"}));
   EXPECT_EQ(messages.shown().back().title, Res(4422));
 }
 

@@ -57,9 +57,9 @@ TEST_F(MatrixCommand, ScalarTakesTheAnswerAndCopyFillsTheTarget) {
 }
 
 TEST_F(MatrixCommand, SystemSolvesOrShowsItsMessage) {
-  CliRun r = runCli({"system", "1 1 3;1 -1 1"});
+  CliRun r = runCli({"system", "1 1 30;1 -1 -10"});
   ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-  EXPECT_EQ(r.out, QStringLiteral("X1 = 2.e+0\nX2 = 1.e+0\n"));
+  EXPECT_EQ(r.out, QStringLiteral("X1 = 1.e+1\nX2 = 2.e+1\n"));
   r = runCli({"--json", "system", "1 2 3;2 4 7"});
   EXPECT_EQ(r.exitCode, 0);
   QJsonObject o = json(r);
@@ -77,6 +77,10 @@ TEST_F(MatrixCommand, KeysRunTheDialogues) {
   ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
   EXPECT_EQ(json(r).value("result").toString(), Res(4462) + QStringLiteral(":  2,  1"));
   EXPECT_EQ(json(r).value("numero").toString(), QStringLiteral("2"));
+  EXPECT_EQ(json(r).value("errorCode").toInt(), 0);
+  EXPECT_EQ(json(r).value("viewer").toArray().at(1).toArray(), (QJsonArray{"x0 = ", "2.00000000"}));
+  const CliRun failed = runCli({"keys", "0 Command68 1 Command68 1 Command68"});
+  EXPECT_TRUE(failed.out.contains(QStringLiteral("\nerrorCode\t40\n"))) << failed.out.toStdString();
 }
 
 }  // namespace

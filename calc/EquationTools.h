@@ -15,9 +15,9 @@
 class CalculatorEngine;
 struct KeypadKey;
 
-class EquationDialogs {
+class EquationTools {
  public:
-  explicit EquationDialogs(CalculatorEngine& engine) : engine_(engine) {}
+  explicit EquationTools(CalculatorEngine& engine) : engine_(engine) {}
 
   std::int16_t stepQuadratic = 0;
   std::int16_t stepCubic = 0;

@@ -1,4 +1,4 @@
-#include "calc/EquationDialogs.h"
+#include "calc/EquationTools.h"
 
 #include <cmath>
 #include <exception>
@@ -36,7 +36,7 @@ double arcCos(double x) {
 
 }  // namespace
 
-void EquationDialogs::guarded(int topic, const std::function<void()>& body) {
+void EquationTools::guarded(int topic, const std::function<void()>& body) {
   if (helpInstead(CalculatorEngine::helpTopic(topic))) return;
   try {
     body();
@@ -49,17 +49,17 @@ void EquationDialogs::guarded(int topic, const std::function<void()>& body) {
   }
 }
 
-void EquationDialogs::resetSteps() {
+void EquationTools::resetSteps() {
   stepQuadratic = stepCubic = stepDistance = 0;
   coefficients.fill(0);
 }
 
-void EquationDialogs::fail(int code) {
+void EquationTools::fail(int code) {
   resetSteps();
   engine_.reportFailure(code);
 }
 
-bool EquationDialogs::takeValue(std::int16_t& step, int count, const QString& prompt) {
+bool EquationTools::takeValue(std::int16_t& step, int count, const QString& prompt) {
   const double v = rt::TextToDouble(engine_.numero.text());
   coefficients[static_cast<std::size_t>(step)] = v;
   ++step;
@@ -71,7 +71,7 @@ bool EquationDialogs::takeValue(std::int16_t& step, int count, const QString& pr
 
 // ---- Quadratic -----------------------------------------------------------------
 
-void EquationDialogs::Command68_Click() {
+void EquationTools::Command68_Click() {
   guarded(68, [&] {
     static const char* const kNext[] = {"abc:  b   (^)", "abc:  c   (^)", "abc"};
     stepCubic = stepDistance = 0;
@@ -79,7 +79,7 @@ void EquationDialogs::Command68_Click() {
   });
 }
 
-void EquationDialogs::solveQuadratic() {
+void EquationTools::solveQuadratic() {
   const double a = coefficients[0], b = coefficients[1], c = coefficients[2];
   resetSteps();
   if (a == 0) return fail(40);
@@ -107,7 +107,7 @@ void EquationDialogs::solveQuadratic() {
 
 // ---- Cubic ---------------------------------------------------------------------
 
-void EquationDialogs::Command42_Click() {
+void EquationTools::Command42_Click() {
   guarded(42, [&] {
     static const char* const kNext[] = {"abcd:  b   (^)", "abcd:  c   (^)", "abcd:  d   (^)", "abcd"};
     stepQuadratic = stepDistance = 0;
@@ -115,7 +115,7 @@ void EquationDialogs::Command42_Click() {
   });
 }
 
-void EquationDialogs::solveCubic() {
+void EquationTools::solveCubic() {
   const double a = coefficients[0], b = coefficients[1], c = coefficients[2], d = coefficients[3];
   resetSteps();
   if (a == 0) return fail(24);
@@ -162,7 +162,7 @@ void EquationDialogs::solveCubic() {
 
 // ---- Lagrange ------------------------------------------------------------------
 
-void EquationDialogs::Command40_Click() {
+void EquationTools::Command40_Click() {
   guarded(40, [&] {
     resetSteps();
     engine_.func = Res(4236);
@@ -190,7 +190,7 @@ void EquationDialogs::Command40_Click() {
 
 // ---- Distance and line -----------------------------------------------------------
 
-void EquationDialogs::Command49_Click() {
+void EquationTools::Command49_Click() {
   if (helpInstead(CalculatorEngine::helpTopic(49))) return;
   try {
     static const char* const kNames[] = {"x0", "y0", "x1", "y1"};
@@ -208,7 +208,7 @@ void EquationDialogs::Command49_Click() {
   }
 }
 
-void EquationDialogs::solveDistance() {
+void EquationTools::solveDistance() {
   const double x0 = coefficients[0], y0 = coefficients[1], x1 = coefficients[2], y1 = coefficients[3];
   resetSteps();
   if (x0 == x1 && y0 == y1) {
