@@ -790,6 +790,10 @@ bool CalculatorWindow::takeKey(QKeyEvent* event) {
 bool CalculatorWindow::eventFilter(QObject* watched, QEvent* event) {
   // An open menu keeps its own keys: Escape closes it, arrows and Enter pick.
   if (event->type() == QEvent::KeyPress && qobject_cast<QMenu*>(watched)) return QMainWindow::eventFilter(watched, event);
+  // A box the user types into (the matrix sizes) keeps its keys too.
+  if (auto* box = qobject_cast<QLineEdit*>(watched); box && !box->isReadOnly() && event->type() == QEvent::KeyPress) {
+    return QMainWindow::eventFilter(watched, event);
+  }
   if (event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event))) return true;
   if (event->type() == QEvent::MouseButtonDblClick) {
     if (const qsizetype i = m1.indexOf(qobject_cast<QLineEdit*>(watched)); i >= 0) {

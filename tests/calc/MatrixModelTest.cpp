@@ -4,6 +4,7 @@
 // report, copy, exchange, capture of numero and the random fill.
 #include "calc/CalculatorEngine.h"
 #include "shell/ErrorReport.h"
+#include "shell/Printing.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"
 
@@ -196,6 +197,28 @@ TEST_F(MatrixModelTest, RandomFillUsesTheRandomBase) {
     EXPECT_EQ(cell.section(QLatin1Char('.'), 1).size(), 5) << cell.toStdString();
     EXPECT_LE(cell.toDouble(), 1.5);
   }
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(MatrixModelTest, PrintedSheetHoldsEveryGridRowByRow) {
+  m.setGrid(0, rows("1 2;3 4"));
+  m.setGrid(2, rows("-7.5"));
+  QStringList lines;
+  const PrintDocument doc = m.document();
+  for (const PrintLine& line : doc.lines()) {
+    QStringList texts;
+    for (const PrintSpan& span : line.spans) texts << span.text;
+    lines << texts.join(QLatin1Char('|'));
+  }
+  EXPECT_TRUE(lines.contains(Res(4549)));
+  const qsizetype a = lines.indexOf(Res(4548) + QStringLiteral(" A   (2 x 2)"));
+  ASSERT_GE(a, 0);
+  EXPECT_EQ(lines.mid(a + 1, 2), (QStringList{"1|2", "3|4"}));
+  EXPECT_TRUE(lines.contains(Res(4548) + QStringLiteral(" B   (0 x 0)")));
+  EXPECT_TRUE(lines.contains(QStringLiteral("-7.5")));
 }
 
 }  // namespace
