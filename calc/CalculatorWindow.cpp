@@ -362,10 +362,17 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_->addTab(viewerPage_, Res(4543));
   statisticsPage_ = buildStatisticsPage();
   panels_->addTab(statisticsPage_, Res(4207));
-  matrixPage_ = new MatrixPanelView(engine_, [this] { afterEvent(); }, panels_);
-  panels_->addTab(matrixPage_, Res(4307));
-  equationsPage_ = new EquationsPanelView(engine_, buildKeyGrid(KeypadPanel::Equations, panels_), [this] { afterEvent(); }, panels_);
-  panels_->addTab(equationsPage_, Res(4946));
+  // Matrices and equations share one side tab, with a page each.
+  algebraPages_ = new QTabWidget(panels_);
+  algebraPages_->setObjectName(QStringLiteral("algebraPages"));
+  algebraPages_->setDocumentMode(true);
+  algebraPages_->setFocusPolicy(Qt::NoFocus);
+  matrixPage_ = new MatrixPanelView(engine_, [this] { afterEvent(); }, algebraPages_);
+  algebraPages_->addTab(matrixPage_, Res(4307));
+  equationsPage_ = new EquationsPanelView(engine_, buildKeyGrid(KeypadPanel::Equations, algebraPages_),
+                                          [this] { afterEvent(); }, algebraPages_);
+  algebraPages_->addTab(equationsPage_, Res(4946));
+  panels_->addTab(algebraPages_, Res(4977));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -544,7 +551,8 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
 void CalculatorWindow::showScreenshotState(const QString& state) {
   if (state == QLatin1String("matrices") || state == QLatin1String("system")) {
     showMatrixScreenshotState(engine_, state);
-    panels_->setCurrentWidget(state == QLatin1String("system") ? static_cast<QWidget*>(equationsPage_) : matrixPage_);
+    panels_->setCurrentWidget(algebraPages_);
+    algebraPages_->setCurrentWidget(state == QLatin1String("system") ? static_cast<QWidget*>(equationsPage_) : matrixPage_);
     afterEvent();
     return;
   }

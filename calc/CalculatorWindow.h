@@ -108,6 +108,7 @@ class CalculatorWindow : public QMainWindow {
   QTabWidget* panels_ = nullptr;
   // The statistics panel: the grids with their counts, the menus.
   QWidget* statisticsPage_ = nullptr;
+  QTabWidget* algebraPages_ = nullptr;           // the matrix and equations pages
   MatrixPanelView* matrixPage_ = nullptr;        // matrices A, B, C
   EquationsPanelView* equationsPage_ = nullptr;  // equation tools, linear system
   std::array<StatisticsGridView*, 2> MSFlexGrid1{};

@@ -1,5 +1,6 @@
 #include "calc/MatrixPanelView.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -134,34 +135,34 @@ QWidget* MatrixPanelView::buildMatrix(int i) {
   return box;
 }
 
+// Two rows: the four two-matrix keys; the exchange and the print key.
 QWidget* MatrixPanelView::buildOperations() {
-  auto* row = new QWidget(this);
-  auto* h = new QHBoxLayout(row);
-  h->setContentsMargins(0, 0, 0, 0);
-  h->setSpacing(3);
+  auto* box = new QWidget(this);
+  auto* grid = new QGridLayout(box);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(3);
   static const char* const kCaptions[] = {"A+B", "A\xE2\x88\x92" "B", "A\xC3\x97" "B", "A\xC3\x97" "B\xE2\x81\xBB\xC2\xB9"};
   for (int k = 0; k < 4; ++k) {
-    auto* b = smallKey(QStringLiteral("Command75(%1)").arg(k), QString::fromUtf8(kCaptions[k]), 0, row);
+    auto* b = smallKey(QStringLiteral("Command75(%1)").arg(k), QString::fromUtf8(kCaptions[k]), 0, box);
     connect(b, &QPushButton::clicked, this, [this, k] {
       engine_.matrices.Command75_Click(k);
       changed_();
     });
-    h->addWidget(b);
+    grid->addWidget(b, 0, k);
   }
-  auto* exchange = smallKey(QStringLiteral("ChangeMatriz"), QStringLiteral("A\xE2\x87\x84" "B"), 4551, row);
+  auto* exchange = smallKey(QStringLiteral("ChangeMatriz"), QString::fromUtf8("A \xE2\x87\x84 B"), 4551, box);
   connect(exchange, &QPushButton::clicked, this, [this] {
     engine_.matrices.ChangeMatriz_Click();
     changed_();
   });
-  h->addWidget(exchange);
-  h->addStretch(1);
-  auto* print = smallKey(QStringLiteral("Image4"), Res(4792), 4550, row);
+  grid->addWidget(exchange, 1, 0, 1, 2);
+  auto* print = smallKey(QStringLiteral("Image4"), Res(4792), 4550, box);
   connect(print, &QPushButton::clicked, this, [this] {
     engine_.matrices.MatrizPrinter_Click();
     changed_();
   });
-  h->addWidget(print);
-  return row;
+  grid->addWidget(print, 1, 2, 1, 2);
+  return box;
 }
 
 void MatrixPanelView::fillGrid(QTableWidget* view, int rows, int cols, const std::function<QString(int, int)>& cell) {

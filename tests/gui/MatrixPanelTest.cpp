@@ -29,8 +29,10 @@ class MatrixPanelTest : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     auto* panels = w.findChild<QTabWidget*>(QStringLiteral("panels"));
     auto* page = w.findChild<MatrixPanelView*>(QStringLiteral("matrixPage"));
-    QVERIFY(panels && page);
-    panels->setCurrentWidget(page);
+    auto* algebra = w.findChild<QTabWidget*>(QStringLiteral("algebraPages"));
+    QVERIFY(panels && page && algebra);
+    panels->setCurrentWidget(algebra);
+    algebra->setCurrentWidget(page);
     auto* rows = w.findChild<QLineEdit*>(QStringLiteral("Text6(0)"));
     auto* cols = w.findChild<QLineEdit*>(QStringLiteral("Text7(0)"));
     QVERIFY(rows && cols);
@@ -74,7 +76,9 @@ class MatrixPanelTest : public QObject {
     guiMessages().queueAnswer(QStringLiteral("1"));
     QTest::mouseClick(w.keyButton(QStringLiteral("Command39")), Qt::LeftButton);
     auto* page = w.findChild<EquationsPanelView*>(QStringLiteral("equationsPage"));
-    panels->setCurrentWidget(page);
+    auto* algebra = w.findChild<QTabWidget*>(QStringLiteral("algebraPages"));
+    panels->setCurrentWidget(algebra);
+    algebra->setCurrentWidget(page);
     QTableWidget* grid = page->systemGrid();
     QCOMPARE(grid->rowCount(), 2);
     QCOMPARE(grid->columnCount(), 3);
