@@ -739,6 +739,10 @@ void CalculatorWindow::showWindowMenu() {
         menu->addMenu(sub);
       }
     }
+    // The grid menu of the matrices, on the last grid clicked (A at first).
+    QMenu* matrices = matrixPage_->gridMenu();
+    matrices->setTitle(Res(4307));
+    menu->addMenu(matrices);
     menus_.insert(QStringLiteral("window"), menu);
   }
   QWidget* anchor = focusWidget() ? focusWidget() : this;
