@@ -95,6 +95,9 @@ TEST_F(EquationToolsTest, CubicThreeRealRoots) {
 TEST_F(EquationToolsTest, LagrangeOverTheStatisticsStore) {
   keys("Command40");
   EXPECT_EQ(e.result.text(), ErrorText(22));
+  keys("7 X Command40");  // one X, no Y
+  EXPECT_EQ(e.result.text(), ErrorText(22));
+  keys("MnuClrSTD(2)");
   keys("1 X 1 Y 2 X 4 Y 3 X 9 Y 4 Command40");
   EXPECT_EQ(e.func, Res(4236));
   EXPECT_EQ(e.result.text(), Res(4458) + QStringLiteral(" 16"));
