@@ -195,6 +195,50 @@ TEST(MatrixRank, CountsTheRowsLeftNonZero) {
   }
 }
 
+namespace {
+
+// The reference rank: long double elimination with partial pivoting and a
+// relative tolerance.
+int referenceRank(const Matrix& m) {
+  std::vector<std::vector<long double>> w(static_cast<std::size_t>(m.rows));
+  for (int r = 0; r < m.rows; ++r) {
+    for (int c = 0; c < m.cols; ++c) w[r].push_back(m.at(r, c));
+  }
+  int rank = 0;
+  for (int c = 0; c < m.cols && rank < m.rows; ++c) {
+    int best = rank;
+    for (int r = rank + 1; r < m.rows; ++r) {
+      if (std::fabs(w[r][c]) > std::fabs(w[best][c])) best = r;
+    }
+    if (std::fabs(w[best][c]) < 1e-9L) continue;
+    std::swap(w[best], w[rank]);
+    for (int r = rank + 1; r < m.rows; ++r) {
+      const long double f = w[r][c] / w[rank][c];
+      for (int k = c; k < m.cols; ++k) w[r][k] -= f * w[rank][k];
+    }
+    ++rank;
+  }
+  return rank;
+}
+
+}  // namespace
+
+TEST(MatrixRank, RepeatedRowsAgreeWithTheReference) {
+  // A repeated row cancels exactly (its multiplier is 1), so the exact zero
+  // test finds it dependent and the rank agrees with a tolerant reference.
+  for (int n : {3, 6, 10}) {
+    Matrix m = randomMatrix(n, n + 2, 300u + static_cast<unsigned>(n));
+    std::vector<int> copies;
+    for (int r = 2; r < n; r += 3) {
+      for (int c = 0; c < m.cols; ++c) m.at(r, c) = m.at(r - 2, c);
+      copies.push_back(r + 1);
+    }
+    std::vector<int> dependent;
+    EXPECT_EQ(matrix::rank(m, &dependent), referenceRank(m)) << n;
+    EXPECT_EQ(dependent, copies) << n;
+  }
+}
+
 // ---- Products and systems ------------------------------------------------------------------
 
 TEST(MatrixProduct, RowByColumn) {
