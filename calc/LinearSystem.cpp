@@ -6,6 +6,7 @@
 #include "calc/MatrixAlgebra.h"
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
+#include "shell/Printing.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
@@ -175,5 +176,32 @@ void LinearSystem::solve() {
   engine_.result = solutionText;
   engine_.numero = rt::NumberToText(x[0]);
   engine_.entryActive = 0;
-  MBoxShow(0, solutionText, 2, 0, 0, Res(4422));
+  // The solution's box offers to print it.
+  MBoxShow(0, solutionText, 2, 4, 0, Res(4422));
+  if (program().MessageResult == 1) printDocument(document());
+}
+
+PrintDocument LinearSystem::document() const {
+  PrintDocument doc(Res(4422));
+  doc.setFont(QStringLiteral("Arial"), 7);
+  doc.emptyLines(2);
+  doc.line(8, Res(4423));
+  doc.emptyLines(1);
+  doc.setFont(QStringLiteral("Arial"), 10, true);
+  doc.line(8, Res(4424));
+  doc.setFont(QStringLiteral("Arial"), 9);
+  doc.line(8, Res(4425));
+  doc.emptyLines(1);
+  doc.setFont(QStringLiteral("Courier New"), 9);
+  for (int r = 0; r < n; ++r) {
+    QStringList terms;
+    for (int c = 0; c < n; ++c) terms << QStringLiteral("(%1)\u00B7X%2").arg(cell(r, c)).arg(c + 1);
+    doc.line(8, terms.join(QStringLiteral(" + ")) + QStringLiteral("  =  ") + cell(r, n));
+  }
+  doc.emptyLines(1);
+  doc.setFont(QStringLiteral("Arial"), 10, true);
+  doc.line(8, Res(4422));
+  doc.setFont(QStringLiteral("Courier New"), 9);
+  for (const QString& line : solutionText.split(QLatin1Char('\n'))) doc.line(8, line);
+  return doc;
 }

@@ -13,6 +13,7 @@
 #include <vector>
 
 class CalculatorEngine;
+class PrintDocument;
 
 class LinearSystem {
  public:
@@ -43,6 +44,8 @@ class LinearSystem {
   void resetStep() { stepSystem = 0; }
   // The prompt of the coefficient the normal mode takes next.
   QString prompt() const;
+  // The printout of the system and its solution (offered by the solution's box).
+  PrintDocument document() const;
 
  private:
   void guarded(int topic, const std::function<void()>& body);

@@ -3,6 +3,7 @@
 // solution in result and the viewer.
 #include "calc/CalculatorEngine.h"
 #include "shell/ErrorReport.h"
+#include "shell/Printing.h"
 #include "shell/Strings.h"
 #include "tests/support/TestSupport.h"
 
@@ -45,6 +46,29 @@ TEST_F(LinearSystemTest, SolvesAndListsTheUnknowns) {
   EXPECT_EQ(e.List3, (QStringList{Res(4422), ":   X1", ":   X2"}));
   EXPECT_EQ(e.List4.mid(1), (QStringList{"1.e+1", "2.e+1"}));
   EXPECT_EQ(messages.shown().back().title, Res(4422));
+}
+
+TEST_F(LinearSystemTest, SolutionBoxPrintsTheSystemOnRequest) {
+  struct Recorder : PrintPresenter {
+    QList<PrintDocument> printed;
+    PrintResult print(const PrintDocument& d) override {
+      printed << d;
+      return PrintResult::Printed;
+    }
+  } printer;
+  setPrintPresenter(&printer);
+  define({"2", "40"}, QStringLiteral("1"));
+  messages.queueAnswer(QStringLiteral("1"));  // Print
+  s.Command85_Click(1);
+  setPrintPresenter(nullptr);
+  ASSERT_EQ(printer.printed.size(), 1);
+  QStringList lines;
+  for (const PrintLine& line : printer.printed.front().lines()) {
+    for (const PrintSpan& span : line.spans) lines << span.text;
+  }
+  EXPECT_TRUE(lines.contains(Res(4424)));
+  EXPECT_TRUE(lines.contains(QStringLiteral("(2)\u00B7X1  =  40")));
+  EXPECT_TRUE(lines.contains(QStringLiteral("X1 = 2.e+1")));
 }
 
 TEST_F(LinearSystemTest, RanksDecideIndeterminateAndIncompatible) {
