@@ -261,6 +261,8 @@ void CalculatorEngine::Command18_Click() {
   if (helpInstead(helpTopic(18))) return;
   func = Res(4573);
   Command69_Click();
+  equations.resetSteps();
+  linearSystem.resetStep();
   pendingOp.clear();
   numero = kZero;
   endDialogue();

@@ -50,6 +50,9 @@
 #include <functional>
 
 #include "calc/CalculatorHistory.h"
+#include "calc/EquationTools.h"
+#include "calc/LinearSystem.h"
+#include "calc/MatrixModel.h"
 #include "calc/TextField.h"
 #include "shell/runtime/Variant.h"
 
@@ -286,7 +289,11 @@ class CalculatorEngine {
   // A text window the view shows (the ASCII table).
   QString textWindowTitle, textWindowText;
   bool textWindowRequested = false;
-  int errorCode = 0;  // code of the last failure shown; 0 none
+  int errorCode = 0;  // code of the last failure shown (31 unexpected); 0 none
+  // ---- Matrices, linear systems, equations (MatrixModel, LinearSystem, EquationTools) ----
+  MatrixModel matrices{*this};
+  LinearSystem linearSystem{*this};
+  EquationTools equations{*this};
 
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear

@@ -1,6 +1,7 @@
 #include "calc/CalculatorKeypad.h"
 
 #include "calc/CalculatorEngine.h"
+#include "calc/EquationTools.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/Strings.h"
 
@@ -188,6 +189,7 @@ QList<KeypadKey> buildKeys() {
   addMemoryKeys(keys);
   addStatisticsKeys(keys);
   addNumberToolKeys(keys);
+  addEquationKeys(keys);
   return keys;
 }
 

@@ -23,6 +23,7 @@ enum class KeypadPanel {
   ViewerTools,  // under the auxiliary viewer
   Statistics,   // the statistics panel, under its two grids
   NumberTools,  // complex numbers and the number tools
+  Equations,    // the equation tools and the linear system
 };
 
 struct KeypadKey {

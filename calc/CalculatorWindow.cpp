@@ -30,6 +30,7 @@
 #include "calc/HistoryListView.h"
 #include "calc/NumberToolsView.h"
 #include "calc/NormalCalculatorWindow.h"
+#include "calc/MatrixPanelView.h"
 #include "calc/StatisticsGridView.h"
 #include "calc/PhysicalConstants.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -161,6 +162,8 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   resize(1160, 560);
   setProperty("screenshotStates", QStringList{QStringLiteral("statistics")} + NumberToolsView::screenshotStates());
   setProperty("screenshotScreenStates", QStringList{QStringLiteral("ascii")});
+  setProperty("screenshotStates",
+              QStringList{QStringLiteral("statistics"), QStringLiteral("matrices"), QStringLiteral("system")});
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -372,6 +375,17 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_->addTab(statisticsPage_, Res(4207));
   numberTools_ = new NumberToolsView(engine_, this, [this] { refresh(); });
   panels_->addTab(numberTools_->buildPage(buildKeyGrid(KeypadPanel::NumberTools, panels_), panels_), Res(4820));
+  // Matrices and equations share one side tab, with a page each.
+  algebraPages_ = new QTabWidget(panels_);
+  algebraPages_->setObjectName(QStringLiteral("algebraPages"));
+  algebraPages_->setDocumentMode(true);
+  algebraPages_->setFocusPolicy(Qt::NoFocus);
+  matrixPage_ = new MatrixPanelView(engine_, [this] { afterEvent(); }, algebraPages_);
+  algebraPages_->addTab(matrixPage_, Res(4307));
+  equationsPage_ = new EquationsPanelView(engine_, buildKeyGrid(KeypadPanel::Equations, algebraPages_),
+                                          [this] { afterEvent(); }, algebraPages_);
+  algebraPages_->addTab(equationsPage_, Res(4946));
+  panels_->addTab(algebraPages_, Res(4977));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -562,6 +576,13 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
 
 void CalculatorWindow::showScreenshotState(const QString& state) {
   if (numberTools_->showScreenshotState(state)) return;
+  if (state == QLatin1String("matrices") || state == QLatin1String("system")) {
+    showMatrixScreenshotState(engine_, state);
+    panels_->setCurrentWidget(algebraPages_);
+    algebraPages_->setCurrentWidget(state == QLatin1String("system") ? static_cast<QWidget*>(equationsPage_) : matrixPage_);
+    afterEvent();
+    return;
+  }
   if (state != QLatin1String("statistics")) return;
   const double x[] = {1.5, 2.25, 3, 4.75, 5.5, 7, 8.25, 9.5, 11, 12.5, 14, 15.25};
   for (double v : x) {
@@ -650,6 +671,8 @@ void CalculatorWindow::refresh() {
   refreshHistory();
   refreshPanels();
   refreshStatistics();
+  matrixPage_->refresh();
+  equationsPage_->refresh();
   historyPanel_->setText(engine_.historyStatus());
   static_cast<FillBar*>(Picture1)->setFill(engine_.Combo1.fill());
   currencyPanel_->setText(engine_.currencyStatus());
@@ -755,6 +778,10 @@ void CalculatorWindow::showWindowMenu() {
     connect(normal, &QAction::triggered, this, [this] {
       QTimer::singleShot(0, this, [this] { SwitchCalculatorWindow(this, WindowId::NormalCalculator); });
     });
+    // The grid menu of the matrices, on the last grid clicked (A at first).
+    QMenu* matrices = matrixPage_->gridMenu();
+    matrices->setTitle(Res(4307));
+    menu->addMenu(matrices);
     menus_.insert(QStringLiteral("window"), menu);
   }
   QWidget* anchor = focusWidget() ? focusWidget() : this;
@@ -826,6 +853,10 @@ bool CalculatorWindow::takeKey(QKeyEvent* event) {
 bool CalculatorWindow::eventFilter(QObject* watched, QEvent* event) {
   // An open menu keeps its own keys: Escape closes it, arrows and Enter pick.
   if (event->type() == QEvent::KeyPress && qobject_cast<QMenu*>(watched)) return QMainWindow::eventFilter(watched, event);
+  // A box the user types into (the matrix sizes) keeps its keys too.
+  if (auto* box = qobject_cast<QLineEdit*>(watched); box && !box->isReadOnly() && event->type() == QEvent::KeyPress) {
+    return QMainWindow::eventFilter(watched, event);
+  }
   if (event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event))) return true;
   if (event->type() == QEvent::MouseButtonDblClick) {
     if (const qsizetype i = m1.indexOf(qobject_cast<QLineEdit*>(watched)); i >= 0) {

@@ -18,8 +18,10 @@
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
 
+class EquationsPanelView;
 class HistoryListView;
 class NumberToolsView;
+class MatrixPanelView;
 class QMenu;
 class QToolButton;
 class StatisticsGridView;
@@ -108,6 +110,9 @@ class CalculatorWindow : public QMainWindow {
   NumberToolsView* numberTools_ = nullptr;  // the number tools' page, listing and text window
   // The statistics panel: the grids with their counts, the menus.
   QWidget* statisticsPage_ = nullptr;
+  QTabWidget* algebraPages_ = nullptr;           // the matrix and equations pages
+  MatrixPanelView* matrixPage_ = nullptr;        // matrices A, B, C
+  EquationsPanelView* equationsPage_ = nullptr;  // equation tools, linear system
   std::array<StatisticsGridView*, 2> MSFlexGrid1{};
   QLabel* numnx = nullptr;
   QLabel* numny = nullptr;

@@ -128,7 +128,7 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("hypFlag"), engine.hypFlag);
     ctx.json.insert(QStringLiteral("errorCode"), engine.errorCode);
     QJsonArray viewer;
-    for (qsizetype i = 0; i < engine.List3.size(); ++i) viewer.append(QJsonArray{engine.List3.at(i), engine.List4.at(i)});
+    for (qsizetype i = 0; i < engine.List3.size(); ++i) viewer.append(QJsonArray{engine.List3.at(i), engine.List4.value(i)});
     ctx.json.insert(QStringLiteral("viewer"), viewer);
     QJsonArray m, r;
     for (const QString& text : engine.m1) m.append(text);
@@ -157,7 +157,7 @@ int runKeys(CliContext& ctx) {
           << "HexDec\t" << engine.HexDec << '\n'
           << "hypFlag\t" << engine.hypFlag << '\n'
           << "errorCode\t" << engine.errorCode << '\n';
-  for (qsizetype i = 0; i < engine.List3.size(); ++i) ctx.out << "viewer\t" << engine.List3.at(i) << '\t' << engine.List4.at(i) << '\n';
+  for (qsizetype i = 0; i < engine.List3.size(); ++i) ctx.out << "viewer\t" << engine.List3.at(i) << '\t' << engine.List4.value(i) << '\n';
   for (int i = 0; i < 4; ++i) ctx.out << "memory" << i + 1 << '\t' << engine.m1[static_cast<size_t>(i)] << '\n';
   for (int i = 0; i < kRegisterCount; ++i) {
     ctx.out << "register" << i + 1 << '\t' << rt::NumberToText(RegisterValue(i)) << '\t' << RegisterLabel(i) << '\n';
