@@ -154,6 +154,8 @@ class PlotModel {
   QString Label4;
   ResultList list;
   std::vector<Annotation> Label11;
+  // Titles typed by the user for F, X and Y (Text3(0..2)); empty: the table's.
+  std::array<QString, 3> Text3;
 
   // ---- Integral panel ----------------------------------------------------------------
   bool Picture5Visible = false;
