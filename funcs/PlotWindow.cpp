@@ -1,6 +1,7 @@
 #include "funcs/PlotWindow.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QCloseEvent>
@@ -25,6 +26,7 @@
 
 #include "funcs/FunctionTable.h"
 #include "funcs/FunctionTableWindow.h"
+#include "funcs/PlotExtrasView.h"
 #include "funcs/PlotPainterView.h"
 #include "funcs/PlotPictureView.h"
 #include "shell/PrintDialog.h"
@@ -109,12 +111,15 @@ PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent) {
   buildList();
   buildIntegralPanel();
   buildMenus();
+  extras_ = new PlotExtrasView(this, *model_, Picture2, [this] { Command2_Click(); });
   Text2 = new QLabel(this);
   Text2->setObjectName(QStringLiteral("Text2"));
   statusBar()->addWidget(Text2, 1);
   setProperty("screenshotStates", QStringList{QStringLiteral("fg"), QStringLiteral("derivative"),
                                                QStringLiteral("bars"), QStringLiteral("integral"),
-                                               QStringLiteral("extrema"), QStringLiteral("zeros")});
+                                               QStringLiteral("extrema"), QStringLiteral("zeros")} +
+                                       PlotExtrasView::screenshotStates());
+  setProperty("screenshotScreenStates", PlotExtrasView::screenshotStates());
   resize(820, 600);
 }
 
@@ -122,8 +127,11 @@ PlotWindow::~PlotWindow() = default;
 
 template <typename Handler>
 void PlotWindow::act(Handler&& handler) {
+  // Scans and redraws of long tables take a moment: the pointer says so.
+  QApplication::setOverrideCursor(Qt::WaitCursor);
   handler();
   refresh();
+  QApplication::restoreOverrideCursor();
 }
 
 // ---- Building -------------------------------------------------------------------------
@@ -588,5 +596,7 @@ void PlotWindow::showScreenshotState(const QString& state) {
     act([&] { m.MaxyMin1_Click(0); });
   } else if (state == QLatin1String("zeros")) {
     act([&] { m.cerosfunc1_Click(0); });
+  } else {
+    extras_->showScreenshotState(state);
   }
 }
