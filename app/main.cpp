@@ -22,6 +22,7 @@
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/QtTranslations.h"
+#include "shell/WindowHelp.h"
 #include "shell/WindowRegistry.h"
 
 int main(int argc, char** argv) {
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
   setMessagePresenter(&messageBox);
   HelpWindowPresenter help;
   setHelpPresenter(&help);
+  installHelpKey(app);
   PrinterPresenter printer;
   setPrintPresenter(&printer);
   registerWindowFactory(WindowId::Help, [] { return new HelpWindow; });
