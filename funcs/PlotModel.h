@@ -71,6 +71,8 @@ class PlotModel {
     // Overlays of the regression, interpolation and difference tools, drawn
     // at their place in the drawing order.
     std::function<void(plot::PlotCanvas&)> drawInterpolation, drawRegression, drawDifference;
+    // A scan over the table begins (true) or ends (false): the window shows the wait pointer.
+    std::function<void(bool)> busy;
   };
 
   // The result list shown over the picture (Picture1 with caption Label4).

@@ -80,6 +80,10 @@ PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent) {
     if (Picture2) Picture2->invalidate();
   };
   model_->hooks.print = [this] { print(); };
+  model_->hooks.busy = [](bool on) {
+    if (on) QApplication::setOverrideCursor(Qt::WaitCursor);
+    else QApplication::restoreOverrideCursor();
+  };
 
   Picture2 = new PlotPictureView(*model_, this);
   setCentralWidget(Picture2);
@@ -127,11 +131,8 @@ PlotWindow::~PlotWindow() = default;
 
 template <typename Handler>
 void PlotWindow::act(Handler&& handler) {
-  // Scans and redraws of long tables take a moment: the pointer says so.
-  QApplication::setOverrideCursor(Qt::WaitCursor);
   handler();
   refresh();
-  QApplication::restoreOverrideCursor();
 }
 
 // ---- Building -------------------------------------------------------------------------

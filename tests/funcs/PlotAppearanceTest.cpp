@@ -191,3 +191,23 @@ TEST_F(PlotAppearanceTest, ADamagedOrForeignFileChangesNothing) {
   QFile::remove(PlotAppearance::filePath());
   EXPECT_FALSE(a.load());
 }
+
+// The extrema and zeros scans tell the window to show the wait pointer, and
+// a refused one (too few points) shows no wait at all.
+TEST_F(PlotAppearanceTest, ScansAreBracketedByTheBusyHook) {
+  QStringList calls;
+  m.hooks.busy = [&calls](bool on) { calls << (on ? QStringLiteral("on") : QStringLiteral("off")); };
+  m.MaxyMin1_Click(0);
+  m.cerosfunc1_Click(0);
+  // Each click scans, and so does the redraw that follows it: pairs, in order.
+  ASSERT_FALSE(calls.isEmpty());
+  ASSERT_EQ(calls.size() % 2, 0);
+  for (qsizetype i = 0; i < calls.size(); ++i) EXPECT_EQ(calls[i], i % 2 ? QStringLiteral("off") : QStringLiteral("on")) << i;
+  calls.clear();
+  tabulateAtOnce(t, QStringLiteral("x"), QStringLiteral("0"), QStringLiteral("1"), 3);
+  program().pointCount = 2;
+  const size_t before = messages.shown().size();
+  m.MaxyMin1_Click(0);  // ticked again: too few points, a message and no scan
+  EXPECT_TRUE(calls.isEmpty());
+  EXPECT_EQ(messages.shown().size(), before + 1);
+}

@@ -177,8 +177,8 @@ class WindowServicesTest : public QObject {
     QCOMPARE(HelpWindow::topicUrl(10100).toString(), QStringLiteral("qrc:/help/es/shell.html#t10100"));
     program().LanguageOffset = 20000;
     QCOMPARE(HelpWindow::topicUrl(10100).toString(), QStringLiteral("qrc:/help/fr/shell.html#t10100"));
-    // A module without a page yet falls back to the contents page.
-    QCOMPARE(HelpWindow::topicUrl(40003).toString(), QStringLiteral("qrc:/help/fr/index.html"));
+    // A topic of no module falls back to the contents page.
+    QCOMPARE(HelpWindow::topicUrl(120003).toString(), QStringLiteral("qrc:/help/fr/index.html"));
   }
 
   void everyLanguageHasTheTopicsOfTheShell() {
