@@ -239,7 +239,7 @@ QStringList PlotExtrasView::screenshotStates() {
 void PlotExtrasView::showScreenshotState(const QString& state) {
   if (shownDialog_) shownDialog_->close();
   if (state == QLatin1String("annotated")) {
-    appearance_->setTitles({Res(1705) + QStringLiteral(": 2.23 sin(Ax) cos²(Bx)"), QStringLiteral("x"), QStringLiteral("y")});
+    appearance_->setTitles({QString(), QStringLiteral("x"), QStringLiteral("y")});
     const QRectF frame(PlotModel::kMarginX, PlotModel::kMarginY, picture_->width() - 2.0 * PlotModel::kMarginX,
                        picture_->height() - 2.0 * PlotModel::kMarginY);
     if (model_.Label11.empty()) {
