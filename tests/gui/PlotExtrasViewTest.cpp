@@ -197,6 +197,32 @@ class PlotExtrasViewTest : public QObject {
     QVERIFY(QFile(folder_.filePath(QStringLiteral("salida.csv"))).size() > 10);
   }
 
+  // The three dialogs show every text whole in every language.
+  void dialogsFitTheirTextsInEveryLanguage() {
+    PlotWindow w;
+    auto* extras = w.findChild<PlotExtrasView*>(QStringLiteral("PlotExtras"));
+    const QString csv = folder_.filePath(QStringLiteral("datos.csv"));
+    QFile f(csv);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write("tiempo;posición;velocidad;aceleración\r\n0;1,5;7;2\r\n1;2,5;8;2\r\n");
+    f.close();
+    for (int language = 0; language < 4; ++language) {
+      setProgramLanguage(language);
+      PlotColoursDialog colours(extras->appearance(), nullptr);
+      PlotTitleDialog titles(w.model(), extras->appearance(), nullptr);
+      TableCsvDialog table(w.model().table(), nullptr);
+      QVERIFY(table.openFile(csv));
+      for (QDialog* d : std::initializer_list<QDialog*>{&colours, &titles, &table}) {
+        d->show();
+        QVERIFY(QTest::qWaitForWindowExposed(d));
+        const QStringList problems = windowLayoutProblems(d);
+        QVERIFY2(problems.isEmpty(), qPrintable(d->objectName() + QLatin1Char(' ') + QString::number(language) +
+                                                QLatin1Char('\n') + problems.join(QLatin1Char('\n'))));
+        d->hide();
+      }
+    }
+  }
+
   // A coloured curve and an annotation: on the page of a PDF print,
   // rasterised, where the screen picture has them.
   void colouredCurveAndAnnotationPrintAsShown() {
