@@ -1,12 +1,14 @@
 #include "funcs/PlotExtrasView.h"
 
 #include <QContextMenuEvent>
+#include <QFile>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QTemporaryDir>
 
 #include "funcs/FunctionTable.h"
 #include "funcs/FunctionTableWindow.h"
@@ -233,7 +235,7 @@ bool PlotExtrasView::eventFilter(QObject* watched, QEvent* event) {
 // ---- Screenshot tour ------------------------------------------------------------------------
 
 QStringList PlotExtrasView::screenshotStates() {
-  return {QStringLiteral("annotated"), QStringLiteral("colours"), QStringLiteral("help")};
+  return {QStringLiteral("annotated"), QStringLiteral("colours"), QStringLiteral("csv"), QStringLiteral("help")};
 }
 
 void PlotExtrasView::showScreenshotState(const QString& state) {
@@ -250,6 +252,20 @@ void PlotExtrasView::showScreenshotState(const QString& state) {
   } else if (state == QLatin1String("colours")) {
     auto* dialog = new PlotColoursDialog(*appearance_, window_);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+    dialog->move(window_->geometry().center() - dialog->rect().center());
+    shownDialog_ = dialog;
+  } else if (state == QLatin1String("csv")) {
+    // A small file of two series, read into the dialog and removed at once.
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("serie.csv"));
+    QFile file(path);
+    if (!dir.isValid() || !file.open(QIODevice::WriteOnly)) return;
+    file.write("t;h;v\r\n0;0;12,5\r\n0,5;5,02;2,6\r\n1;7,6;-7,3\r\n1,5;7,72;-17,2\r\n2;5,38;-27\r\n");
+    file.close();
+    auto* dialog = new TableCsvDialog(model_.table(), window_);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->openFile(path);
     dialog->show();
     dialog->move(window_->geometry().center() - dialog->rect().center());
     shownDialog_ = dialog;

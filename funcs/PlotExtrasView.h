@@ -43,7 +43,7 @@ class PlotExtrasView : public QObject {
   void importCsv();
   void exportCsv();
 
-  // For the screenshot tour: "annotated", "colours" (the editor left open), "help".
+  // For the screenshot tour: "annotated", "colours" and "csv" (the dialog left open), "help".
   static QStringList screenshotStates();
   void showScreenshotState(const QString& state);
 
