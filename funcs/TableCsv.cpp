@@ -131,6 +131,24 @@ QString TableCsv::write(const FunctionTable& table) const {
   return out;
 }
 
+bool TableCsv::askSeparators() {
+  ProgramState& p = program();
+  followSystem();
+  const QStringList dialects{Res(1880) + QStringLiteral("   ") + Res(1881), Res(1881) + QStringLiteral("   ") + Res(1882)};
+  const bool pointSystem = separator == QLatin1Char(',');
+  setMessageList(pointSystem ? QStringList{dialects[1], dialects[0]} : dialects, Res(1890));
+  MBoxShow(0, Res(1868).remove(QStringLiteral("...")), 1, 3, 0, QStringLiteral("Calvix  -  VelozEvaluator  -  CSV"));
+  if (p.MessageResult == 1) return false;
+  // Nothing chosen keeps the system's, which heads the list.
+  const int chosen = p.MessageValue.isEmpty() ? 0 : p.MessageValue.toInteger();
+  if (chosen == 2) {
+    const bool semicolon = separator == QLatin1Char(',');
+    separator = semicolon ? QLatin1Char(';') : QLatin1Char(',');
+    decimal = semicolon ? QLatin1Char(',') : QLatin1Char('.');
+  }
+  return true;
+}
+
 QString TableCsv::failureText(const Result& r) {
   if (r.tooLong) return Res(1888) + QStringLiteral(" (") + QString::number(kMaxRows) + QLatin1Char(')');
   if (r.badLine > 0) return Res(1883) + QLatin1Char(' ') + QString::number(r.badLine) + QStringLiteral(": ") + Res(1884);

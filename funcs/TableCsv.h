@@ -58,6 +58,10 @@ class TableCsv {
   // The table's rows 1 to pointCount as CSV text (CR LF line ends).
   QString write(const FunctionTable& table) const;
 
+  // Asks which separators a file to write takes (a list in the message box,
+  // the system's first); false when the question is cancelled.
+  bool askSeparators();
+
   // Reads the text and fills the table; a bad line, a file with no data or
   // too many rows are told through the message box and change nothing.
   bool import(FunctionTable& table, const QString& text) const;

@@ -203,13 +203,11 @@ bool TableCsvDialog::importInto(FunctionTable& table, QWidget* parent) {
   return dialog.exec() == QDialog::Accepted;
 }
 
-bool TableCsvDialog::exportTo(const FunctionTable& table, const QString& path) {
+bool TableCsvDialog::exportTo(const FunctionTable& table, const QString& path, const TableCsv& csv) {
   if (!isCsv(path)) {
     ReportError(900, 2, 3, 0);
     return false;
   }
-  TableCsv csv;
-  csv.followSystem();
   WaitPointer wait;
   if (TableCsv::writeFile(path, csv.write(table))) return true;
   cannotUseFile();
@@ -221,5 +219,7 @@ bool TableCsvDialog::exportFrom(FunctionTable& table, QWidget* parent) {
   QString path = QFileDialog::getSaveFileName(parent, Res(1868), startFolder(), csvFilter());
   if (path.isEmpty()) return false;
   if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".csv");
-  return exportTo(table, path);
+  TableCsv csv;
+  if (!csv.askSeparators()) return false;
+  return exportTo(table, path, csv);
 }

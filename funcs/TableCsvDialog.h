@@ -4,8 +4,8 @@
 // separator and decimal mark chosen or detected ("Automático"), the X, F(x)
 // and optional G(x) columns chosen. Accept reads the whole file through
 // TableCsv: a bad line is named and the table stays as it was; otherwise
-// the table is filled and the dialog closes. Export writes the table with
-// the separators of the system.
+// the table is filled and the dialog closes. Export asks for the separators
+// (the system's offered first) and writes the table with them.
 #include <QDialog>
 #include <array>
 #include <functional>
@@ -35,8 +35,9 @@ class TableCsvDialog : public QDialog {
   static bool importInto(FunctionTable& table, QWidget* parent);
   // Asks for a name and writes the table there; true when written.
   static bool exportFrom(FunctionTable& table, QWidget* parent);
-  // Writes the table to a path (the extension rule and the message included).
-  static bool exportTo(const FunctionTable& table, const QString& path);
+  // Writes the table to a path with the separators of csv (the extension
+  // rule and the message included).
+  static bool exportTo(const FunctionTable& table, const QString& path, const TableCsv& csv);
 
   QLabel* fileName = nullptr;
   QComboBox* separatorCombo = nullptr;

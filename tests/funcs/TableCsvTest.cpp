@@ -170,3 +170,26 @@ TEST_F(TableCsvTest, ImportInExpressionModeTurnsToFunctionMode) {
   EXPECT_EQ(program().pointCount, 2);
   EXPECT_EQ(t.TextMatrix(2, FunctionTable::kF), QStringLiteral("4"));
 }
+
+TEST_F(TableCsvTest, ExportAsksForTheSeparatorsWithTheSystemsFirst) {
+  struct Case {
+    bool commaSystem;
+    QString answer;  // list position, or nothing chosen
+    QChar separator, decimal;
+  };
+  const Case cases[] = {
+      {false, QString(), ',', '.'}, {false, "2", ';', ','}, {true, QString(), ';', ','}, {true, "2", ',', '.'},
+      {true, "1", ';', ','},
+  };
+  for (const Case& c : cases) {
+    c.commaSystem ? useComma() : usePoint();
+    if (!c.answer.isEmpty()) messages.queueText(c.answer);
+    TableCsv csv;
+    ASSERT_TRUE(csv.askSeparators());
+    EXPECT_EQ(csv.separator, c.separator) << c.answer.toStdString();
+    EXPECT_EQ(csv.decimal, c.decimal) << c.answer.toStdString();
+  }
+  messages.queueButton(1);  // Cancel
+  TableCsv csv;
+  EXPECT_FALSE(csv.askSeparators());
+}

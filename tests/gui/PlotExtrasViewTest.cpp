@@ -193,7 +193,8 @@ class PlotExtrasViewTest : public QObject {
     guiMessages().clear();
     QVERIFY(!dialog.openFile(folder_.filePath(QStringLiteral("tabla.evl"))));
     QCOMPARE(guiMessages().shown().size(), size_t(1));
-    QVERIFY(TableCsvDialog::exportTo(table, folder_.filePath(QStringLiteral("salida.csv"))));
+    TableCsv semicolons;
+    QVERIFY(TableCsvDialog::exportTo(table, folder_.filePath(QStringLiteral("salida.csv")), semicolons));
     QVERIFY(QFile(folder_.filePath(QStringLiteral("salida.csv"))).size() > 10);
   }
 
