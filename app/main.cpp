@@ -24,6 +24,7 @@
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/QtTranslations.h"
+#include "shell/WindowHelp.h"
 #include "shell/WindowRegistry.h"
 #include "stats/CsvToolWindow.h"
 #include "stats/StatisticsChartWindow.h"
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
   setMessagePresenter(&messageBox);
   HelpWindowPresenter help;
   setHelpPresenter(&help);
+  installHelpKey(app);
   PrinterPresenter printer;
   setPrintPresenter(&printer);
   registerWindowFactory(WindowId::Help, [] { return new HelpWindow; });

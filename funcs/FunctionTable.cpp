@@ -22,7 +22,7 @@ constexpr int kMessageSound = 2;
 constexpr int kMessageStyle = 3;
 constexpr int kWidth = 1450;        // twips, columns 1 to 6
 constexpr int kNarrowTable = 1650;  // column 1 while the table has fewer than 5 rows
-constexpr int kHelpTopic = 1500;
+constexpr int kHelpTopic = 31500;  // the table's section of the function tools' help page
 
 QString& context() { return program().SectionTitle; }
 

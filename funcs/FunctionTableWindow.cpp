@@ -32,6 +32,7 @@
 #include <QVBoxLayout>
 
 #include "funcs/FunctionGridView.h"
+#include "funcs/TableCsvDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
@@ -288,6 +289,9 @@ void FunctionTableWindow::buildMenus() {
     updatePrintRows();
     act([&] { table_.imprimEval_Click(); });
   });
+  item(mnuarch, QStringLiteral("importarCSV"), Res(1867), QKeySequence(), [this] { act([&] { importCsv(); }); });
+  item(mnuarch, QStringLiteral("exportarCSV"), Res(1868), QKeySequence(),
+       [this] { act([&] { TableCsvDialog::exportFrom(table_, this); }); });
   mnuarch->addSeparator();
   item(mnuarch, QStringLiteral("mnusalir"), Res(1430), QKeySequence(), [this] { act([&] { table_.Command3_Click(); }); });
 
@@ -347,6 +351,13 @@ void FunctionTableWindow::installHooks() {
   table_.hooks.redrawPlot = [] {
     if (QWidget* w = findWindow(WindowId::Plot)) QMetaObject::invokeMethod(w, "Command2_Click");
   };
+}
+
+// A table read from a CSV file is plotted at once; a plot already shown loads afresh on it.
+void FunctionTableWindow::importCsv() {
+  if (!TableCsvDialog::importInto(table_, this)) return;
+  if (table_.plot) table_.plot_Click();
+  table_.plot_Click();
 }
 
 QString FunctionTableWindow::askFileName(const FunctionTable::FileDialogRequest& r) {

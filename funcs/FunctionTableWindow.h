@@ -61,6 +61,7 @@ class FunctionTableWindow : public QMainWindow {
   void boxLeft(QObject* box);
   void takeText(QObject* box);
   void updatePrintRows();
+  void importCsv();
   QString askFileName(const FunctionTable::FileDialogRequest& request);
 
   FunctionTable table_;

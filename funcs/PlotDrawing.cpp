@@ -143,15 +143,17 @@ void PlotModel::drawTitles(PlotCanvas& c) const {
   c.FontBold = false;
   // The titles may run over the right margin, which is empty at that height.
   const double titleRight = c.width() - 8.0, room = titleRight - left;
+  auto title = [this](int i, const QString& table) { return Text3[static_cast<size_t>(i)].isEmpty() ? table : Text3[static_cast<size_t>(i)]; };
+  const QString titleF = title(0, p.titleF);
   if (GdXON && !p.titleG.isEmpty()) {
-    const QString fTitle = elided(c, p.titleF, room * 0.55);
+    const QString fTitle = elided(c, titleF, room * 0.55);
     printAt(c, left, 6, fTitle, -1);
     printAt(c, titleRight, 6, elided(c, p.titleG, room - unitsWide(c, fTitle) - 24), 1);
   } else {
-    printAt(c, left, 6, elided(c, p.titleF, room), -1);
+    printAt(c, left, 6, elided(c, titleF, room), -1);
   }
-  printAt(c, left - 6, top - 34, p.titleY, 1);
-  printAt(c, right, bottom + 28, p.titleX, 1);
+  printAt(c, left - 6, top - 34, title(2, p.titleY), 1);
+  printAt(c, right, bottom + 28, title(1, p.titleX), 1);
 
   c.FontSize = kNumberSize;
   if (c.target() != PlotCanvas::Target::Screen) {

@@ -28,6 +28,22 @@ constexpr std::uint32_t kDefaultPalette[PlotModel::kColours] = {
 const QString kPlotTitle = QStringLiteral("Calvix  -  VelozPlot");
 
 QString& context() { return program().SectionTitle; }
+
+// The busy hook on for the life of a scan.
+class BusyScope {
+ public:
+  explicit BusyScope(const std::function<void(bool)>& busy) : busy_(busy) {
+    if (busy_) busy_(true);
+  }
+  ~BusyScope() {
+    if (busy_) busy_(false);
+  }
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+
+ private:
+  const std::function<void(bool)>& busy_;
+};
 void report(int code) { ReportError(code, kMessageSound, kMessageStyle, 0); }
 
 bool numberOf(const QString& text, double& value) {
@@ -652,6 +668,7 @@ void PlotModel::showExtrema(int item) {
     tooFewPoints(Res(1782), item);
     return;
   }
+  const BusyScope scan(hooks.busy);
   const plot::Extrema e = plot::findExtrema(column(col, last), MymNivel);
   ResultList l;
   l.kind = ResultList::Kind::Extrema;
@@ -686,6 +703,7 @@ void PlotModel::showZeros(int item) {
     tooFewPoints(Res(1751), item);
     return;
   }
+  const BusyScope scan(hooks.busy);
   ResultList l;
   l.kind = ResultList::Kind::Zeros;
   l.item = item;

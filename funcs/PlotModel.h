@@ -72,6 +72,8 @@ class PlotModel {
     // Overlays of the regression, interpolation and difference tools, drawn
     // at their place in the drawing order.
     std::function<void(plot::PlotCanvas&)> drawInterpolation, drawRegression, drawDifference;
+    // A scan over the table begins (true) or ends (false): the window shows the wait pointer.
+    std::function<void(bool)> busy;
   };
 
   // The result list shown over the picture (Picture1 with caption Label4).
@@ -157,6 +159,8 @@ class PlotModel {
   QString Label4;
   ResultList list;
   std::vector<Annotation> Label11;
+  // Titles typed by the user for F, X and Y (Text3(0..2)); empty: the table's.
+  std::array<QString, 3> Text3;
 
   // ---- Integral panel ----------------------------------------------------------------
   bool Picture5Visible = false;

@@ -26,6 +26,7 @@
 
 #include "funcs/FunctionTable.h"
 #include "funcs/FunctionTableWindow.h"
+#include "funcs/PlotExtrasView.h"
 #include "funcs/PlotPainterView.h"
 #include "funcs/PlotPictureView.h"
 #include "shell/PrintDialog.h"
@@ -79,6 +80,10 @@ PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent) {
     if (Picture2) Picture2->invalidate();
   };
   model_->hooks.print = [this] { print(); };
+  model_->hooks.busy = [](bool on) {
+    if (on) QApplication::setOverrideCursor(Qt::WaitCursor);
+    else QApplication::restoreOverrideCursor();
+  };
 
   Picture2 = new PlotPictureView(*model_, this);
   setCentralWidget(Picture2);
@@ -110,12 +115,15 @@ PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent) {
   buildList();
   buildIntegralPanel();
   buildMenus();
+  extras_ = new PlotExtrasView(this, *model_, Picture2, [this] { Command2_Click(); });
   Text2 = new QLabel(this);
   Text2->setObjectName(QStringLiteral("Text2"));
   statusBar()->addWidget(Text2, 1);
   setProperty("screenshotStates", QStringList{QStringLiteral("fg"), QStringLiteral("derivative"),
                                                QStringLiteral("bars"), QStringLiteral("integral"),
-                                               QStringLiteral("extrema"), QStringLiteral("zeros")});
+                                               QStringLiteral("extrema"), QStringLiteral("zeros")} +
+                                       PlotExtrasView::screenshotStates());
+  setProperty("screenshotScreenStates", PlotExtrasView::screenshotStates());
   buildCurveTools();
   resize(820, 600);
 }
@@ -598,5 +606,7 @@ void PlotWindow::showScreenshotState(const QString& state) {
     act([&] { m.MaxyMin1_Click(0); });
   } else if (state == QLatin1String("zeros")) {
     act([&] { m.cerosfunc1_Click(0); });
+  } else {
+    extras_->showScreenshotState(state);
   }
 }

@@ -20,6 +20,7 @@
 
 class FunctionTable;
 class FunctionTableWindow;
+class PlotExtrasView;
 class PlotPictureView;
 class QAction;
 class QActionGroup;
@@ -106,6 +107,7 @@ class PlotWindow : public QMainWindow {
   QPushButton* Command14 = nullptr;
   QPushButton* Command15 = nullptr;
   QHash<QString, QAction*> actions_;
+  PlotExtrasView* extras_ = nullptr;  // colours, titles, annotations, CSV
   int dragging_ = -1;  // the integral cursor being dragged
   bool refreshing_ = false;
   QPushButton* Command1 = nullptr;  // cancels a smoothing at work

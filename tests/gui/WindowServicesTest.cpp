@@ -178,8 +178,8 @@ class WindowServicesTest : public QObject {
     program().LanguageOffset = 20000;
     QCOMPARE(HelpWindow::topicUrl(10100).toString(), QStringLiteral("qrc:/help/fr/shell.html#t10100"));
     QCOMPARE(HelpWindow::topicUrl(40003).toString(), QStringLiteral("qrc:/help/fr/stats.html#t40003"));
-    // A module without a page yet falls back to the contents page.
-    QCOMPARE(HelpWindow::topicUrl(30003).toString(), QStringLiteral("qrc:/help/fr/index.html"));
+    // A topic of no module falls back to the contents page.
+    QCOMPARE(HelpWindow::topicUrl(120003).toString(), QStringLiteral("qrc:/help/fr/index.html"));
   }
 
   void everyLanguageHasTheTopicsOfTheShell() {
