@@ -127,7 +127,8 @@ void runNormalStep(NormalCalculatorModel& model, const KeyStep& s) {
       model.keyDown(s.key, s.modifiers);
       if (!s.alsoTyped.isNull()) model.keyPress(s.alsoTyped);
       break;
-    case KeyStep::Kind::Select: break;
+    case KeyStep::Kind::Select:
+    case KeyStep::Kind::RightClick: break;  // the normal window has no grids or right-click keys
   }
 }
 
