@@ -55,6 +55,8 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Calendar, [] { return new CalendarWindow; });
   registerWindowFactory(WindowId::Lottery, [] { return new LotteryWindow; });
   OpenWindow(WindowId::ControlCentre);
+  // Files given on the command line (a double click in a file manager).
+  for (const QString& file : QApplication::arguments().mid(1)) openDocument(file);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
   setPrintPresenter(nullptr);
