@@ -36,8 +36,10 @@ void useLanguage(const QString& code) {
 void runTour(const QString& folder) {
   QDir().mkpath(folder);
   useLanguage(qEnvironmentVariable("CALVIX_SCREENSHOT_LANG"));
+  // CALVIX_SCREENSHOT_WINDOWS="control-centre,calendar" limits the tour.
+  const QStringList only = qEnvironmentVariable("CALVIX_SCREENSHOT_WINDOWS").split(u',', Qt::SkipEmptyParts);
   for (WindowId id : allWindowIds()) {
-    if (!hasWindowFactory(id)) continue;
+    if (!hasWindowFactory(id) || (!only.isEmpty() && !only.contains(windowName(id)))) continue;
     QWidget* w = OpenWindow(id);
     if (!w) continue;
     settle(400);

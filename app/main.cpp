@@ -65,6 +65,8 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::StatisticsChart, [] { return new StatisticsChartWindow; });
   registerWindowFactory(WindowId::CsvTool, [] { return new CsvToolWindow; });
   OpenWindow(WindowId::ControlCentre);
+  // Files given on the command line (a double click in a file manager).
+  for (const QString& file : QApplication::arguments().mid(1)) openDocument(file);
   scheduleScreenshotTour();
   const int code = QApplication::exec();
   setPrintPresenter(nullptr);

@@ -431,6 +431,12 @@ void BankWindow::print(bool withTables) {
   act([&] { model_.imprimebanco(withTables); });
 }
 
+bool BankWindow::openDocument(const QString& path) {
+  const bool opened = model_.bancoImport(path);
+  refresh();
+  return opened;
+}
+
 QString BankWindow::askFileName(const BankModel::FileDialogRequest& r) {
   const QString filter = dialogFilter(r.filter);
   if (r.save) return QFileDialog::getSaveFileName(this, r.title, r.folder, filter);

@@ -25,6 +25,8 @@ class BankWindow : public QMainWindow {
   ~BankWindow() override;
 
   BankModel& model() { return model_; }
+  // Opens a banking file as its Open item does after the file dialog.
+  Q_INVOKABLE bool openDocument(const QString& path);
   void refresh();
 
  public Q_SLOTS:

@@ -324,6 +324,16 @@ void CalendarWindow::UserColor_Click() {
   refresh();
 }
 
+bool CalendarWindow::openDocument(const QString& path) {
+  auto& events = model_->events;
+  const auto dialog = events.fileDialog;
+  events.fileDialog = [&](const calendar::EventList::FileDialogRequest& r) { return r.save ? dialog(r) : path; };
+  const bool opened = events.FileAbre_Click();
+  events.fileDialog = dialog;
+  refresh();
+  return opened;
+}
+
 void CalendarWindow::fileAction(bool (calendar::EventList::*handler)()) {
   (model_->events.*handler)();
   refresh();

@@ -26,6 +26,8 @@ class CalendarWindow : public QMainWindow {
   ~CalendarWindow() override;
 
   calendar::CalendarModel& model() { return *model_; }
+  // Opens an events file as FileAbre does, the file dialog answered with path.
+  Q_INVOKABLE bool openDocument(const QString& path);
   // Repaints the grid, the panel and the list from the model.
   void refresh();
   // The year view (calano) of the selected year; it closes on a right-click.

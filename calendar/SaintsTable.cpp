@@ -8,6 +8,7 @@
 
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
+#include "shell/Settings.h"
 #include "shell/SqliteTable.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
@@ -25,7 +26,7 @@ QString SaintsTable::defaultPath() {
     const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/cvxcl.dlj");
     if (QFileInfo::exists(beside)) return beside;
   }
-  return program().AppFolder.toText() + QStringLiteral("cvxcl.dlj");
+  return sharedFile(QStringLiteral("cvxcl.dlj"));
 }
 
 SaintsTable::SaintsTable(QString path) : path_(std::move(path)) {}

@@ -14,6 +14,7 @@
 
 #include "cli/CliCommand.h"
 #include "shell/ProgramState.h"
+#include "shell/Settings.h"
 
 namespace {
 
@@ -200,6 +201,11 @@ int main(int argc, char** argv) {
   ProgramState& p = program();
   p.LanguageOffset = static_cast<std::int32_t>(langIndex * 10000);
   p.Language = static_cast<std::int16_t>(langIndex + 1);
+  // The read-only data of this installation (the build tree's own folder, or
+  // share/calvix beside an installed bin/); a run reads the data tables of a
+  // fresh installation from there.
+  p.SharedFolder = sharedDataFolder(QCoreApplication::applicationDirPath()) + QLatin1Char('/');
+  p.AppFolder = rt::Variant(p.SharedFolder);
 
   CliPresenter presenter(err, !json);
   for (const QString& a : answers) presenter.queueAnswer(a);

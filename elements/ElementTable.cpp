@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include "shell/ProgramState.h"
+#include "shell/Settings.h"
 #include "shell/SqliteTable.h"
 
 namespace {
@@ -85,4 +86,4 @@ bool writeElementTable(const QString& path, const QList<ElementRecord>& rows) {
   });
 }
 
-QString elementTablePath() { return program().AppFolder.toText() + QStringLiteral("cvxtp.dlj"); }
+QString elementTablePath() { return sharedFile(QStringLiteral("cvxtp.dlj")); }

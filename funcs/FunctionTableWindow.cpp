@@ -360,6 +360,13 @@ void FunctionTableWindow::importCsv() {
   table_.plot_Click();
 }
 
+bool FunctionTableWindow::openDocument(const QString& path) {
+  if (table_.isTabulating()) return false;
+  const bool opened = table_.openFile(path);
+  refresh();
+  return opened;
+}
+
 QString FunctionTableWindow::askFileName(const FunctionTable::FileDialogRequest& r) {
   const QString filter = dialogFilter(r.filter);
   if (r.save) return QFileDialog::getSaveFileName(this, r.title, r.folder, filter);

@@ -30,6 +30,8 @@ class FunctionTableWindow : public QMainWindow {
   ~FunctionTableWindow() override;
 
   FunctionTable& table() { return table_; }
+  // Opens a *.evl file as mnuabre does after its file dialog.
+  Q_INVOKABLE bool openDocument(const QString& path);
   // Repaints every control from the model.
   void refresh();
 

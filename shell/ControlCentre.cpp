@@ -99,6 +99,7 @@ void ControlCentre::loadBeforeShow() {
     // otherwise the user's data folder stands in for it.
     // (seeded with the installation's files on first use).
     p.AppFolder = appFolderFor(programDataFolder(host_.applicationPath()));
+    p.SharedFolder = appFolderFor(sharedDataFolder(host_.applicationPath()));
   });
   runStep(4, [&] {
     // A damaged file shows its own message; the command row then offers "restore".
@@ -141,7 +142,7 @@ void ControlCentre::loadAfterShow() {
     if (p.SessionCounter == 1) MBoxShow(0, Res(25), 2, 0, 0, Res(26));
   });
   runStep(13, [&] {
-    const QString fonts = host_.applicationPath() + QStringLiteral("/fonts/");
+    const QString fonts = sharedFile(QStringLiteral("fonts/"));
     p.fontPaths.clear();
     for (const char* name : kFontFiles) p.fontPaths << fonts + QLatin1String(name);
     for (const QString& path : std::as_const(p.fontPaths)) {
@@ -289,7 +290,7 @@ void ControlCentre::Command7_Click(Qt::MouseButton button) {
 
 void ControlCentre::Command8_Click() {
   if (helpInstead(helpTopic(8))) return;
-  platform().openFile(program().AppFolder.toText() + QStringLiteral("leeme.htm"));
+  platform().openFile(sharedFile(QStringLiteral("leeme.htm")));
 }
 
 void ControlCentre::Command11_Click() {

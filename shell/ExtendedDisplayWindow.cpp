@@ -8,6 +8,7 @@
 
 #include "shell/Platform.h"
 #include "shell/ProgramState.h"
+#include "shell/Settings.h"
 #include "shell/Strings.h"
 
 namespace {
@@ -59,7 +60,7 @@ ExtendedDisplayWindow::ExtendedDisplayWindow(QWidget* parent)
 
 QString ExtendedDisplayWindow::lcdFamily() {
   if (!QFontDatabase::families().contains(kLcdFamily)) {
-    platform().registerFont(program().AppFolder.toText() + QStringLiteral("fonts/LCDfont.ttf"));
+    platform().registerFont(sharedFile(QStringLiteral("fonts/LCDfont.ttf")));
   }
   return kLcdFamily;
 }

@@ -20,6 +20,8 @@ struct ProgramState {
   std::int32_t LanguageOffset = 0;  // 0 es, 10000 en, 20000 fr, 30000 ca
   rt::Variant DecimalSymbol = QStringLiteral(".");  // "," or ".", fixed at start
   rt::Variant AppFolder;            // program folder, ends in "/"
+  // The read-only data (tables, sounds, fonts), ends in "/"; empty: AppFolder.
+  QString SharedFolder;
   QString WindowsFolder, SystemFolder, TempFolder;
 
   // --- Message box fields -------------------------------------------------

@@ -9,6 +9,7 @@
 #include <QThread>
 #include <cmath>
 
+#include "shell/Settings.h"
 #include "shell/runtime/DateTime.h"
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
@@ -344,7 +345,7 @@ QString ReadTextFile(const QString& path) {
 // ---- System services --------------------------------------------------------
 
 QString soundPath(const QString& fileName) {
-  return program().AppFolder.toText() + QStringLiteral("mmedia/") + fileName;
+  return sharedFile(QStringLiteral("mmedia/") + fileName);
 }
 
 void PlayMessageSound() {

@@ -4,6 +4,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QStandardPaths>
 #include <QTemporaryFile>
 #include <functional>
@@ -336,12 +337,30 @@ void restoreDefaults(ProgramState& state) {
   state.CalendarColours[0] = defaults.CalendarColours[0];
 }
 
+int languageOfLocale(const QLocale& locale) {
+  switch (locale.language()) {
+    case QLocale::Spanish: return 1;
+    case QLocale::French: return 3;
+    case QLocale::Catalan: return 4;
+    default: return 2;
+  }
+}
+
 bool ReadSettings() {
   ProgramState& p = program();
   // The message is prepared before the file is touched.
   const QString text = Res(2961) + QStringLiteral("\n\n") + Res(2962);
   const QString title = QStringLiteral("Calvix Premium  -  ") + Res(2963);
-  const SettingsRead r = readSettingsFile(p.AppFolder.toText() + QStringLiteral("cvdata.txt"), p);
+  const QString own = p.AppFolder.toText() + QStringLiteral("cvdata.txt");
+  const QString shared = sharedFile(QStringLiteral("cvdata.txt"));
+  if (!QFileInfo::exists(own) && shared != own && QFileInfo::exists(shared)) {
+    // A user's first start on an installation: its defaults, in the system's
+    // language. The user's own file is written on leaving.
+    if (readSettingsFile(shared, p).error != 0) restoreDefaults(p);
+    p.Language = static_cast<std::int16_t>(languageOfLocale(QLocale()));  // the system's locale
+    return true;
+  }
+  const SettingsRead r = readSettingsFile(own, p);
   if (r.error == 0) return true;
   if (r.error == rt::kDialogCancelled) return false;
   p.MessageSound = 1;
@@ -362,7 +381,7 @@ void RestoreSettings(const QString& command) {
 
 // ---- Program folder --------------------------------------------------------------
 
-bool seedFolder(const QString& from, const QString& to) {
+bool seedFolder(const QString& from, const QString& to, const QStringList& names) {
   bool ok = QDir().mkpath(to);
   const QDir source(from);
   QDirIterator it(from, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
@@ -370,7 +389,9 @@ bool seedFolder(const QString& from, const QString& to) {
     const QString file = it.next();
     const QFileInfo info(file);
     if (info.isExecutable()) continue;
-    const QString target = QDir(to).filePath(source.relativeFilePath(file));
+    const QString relative = source.relativeFilePath(file);
+    if (!names.isEmpty() && !names.contains(relative)) continue;
+    const QString target = QDir(to).filePath(relative);
     if (QFileInfo::exists(target)) continue;
     ok = QDir().mkpath(QFileInfo(target).absolutePath()) && ok;
     ok = QFile::copy(file, target) && ok;
@@ -378,17 +399,38 @@ bool seedFolder(const QString& from, const QString& to) {
   return ok;
 }
 
+QString sharedDataFolder(const QString& programFolder) {
+  // An installed program: <prefix>/bin/calvix with <prefix>/share/calvix/.
+  const QString shared = QDir::cleanPath(QDir(programFolder).filePath(QStringLiteral("../share/calvix")));
+  if (QFileInfo(shared + QStringLiteral("/cvdata.txt")).isFile()) return shared;
+  return programFolder;
+}
+
+QStringList perUserFiles() { return {QStringLiteral("cvxlp.dlj")}; }
+
 QString programDataFolder(const QString& programFolder) {
-  // Writable when a file can be made there.
-  QTemporaryFile probe(QDir(programFolder).filePath(QStringLiteral("cvprobe-XXXXXX")));
-  if (probe.open()) {
-    // The start folder of every file dialog.
-    QDir().mkpath(QDir(programFolder).filePath(QStringLiteral("datos")));
-    return programFolder;
+  const QString shared = sharedDataFolder(programFolder);
+  const bool installed = shared != programFolder;
+  if (!installed) {
+    // Writable when a file can be made there.
+    QTemporaryFile probe(QDir(programFolder).filePath(QStringLiteral("cvprobe-XXXXXX")));
+    if (probe.open()) {
+      // The start folder of every file dialog.
+      QDir().mkpath(QDir(programFolder).filePath(QStringLiteral("datos")));
+      return programFolder;
+    }
   }
   const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
   if (user.isEmpty() || !QDir().mkpath(user)) return programFolder;
-  seedFolder(programFolder, user);
+  // A portable copy in a read-only place gives each user all of it; an
+  // installation only the files a user changes (the rest is read in place).
+  seedFolder(shared, user, installed ? perUserFiles() : QStringList());
   QDir().mkpath(QDir(user).filePath(QStringLiteral("datos")));
   return user;
+}
+
+QString sharedFile(const QString& relativePath) {
+  const ProgramState& p = program();
+  const QString folder = p.SharedFolder.isEmpty() ? p.AppFolder.toText() : p.SharedFolder;
+  return folder + relativePath;
 }

@@ -5,10 +5,12 @@
 // text form; reading is purely positional: keys and separators are read and
 // never compared, so a value's place alone gives its meaning.
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "shell/runtime/Variant.h"
 
+class QLocale;
 struct ProgramState;
 
 // Fills the program-wide variables from the file. On a failure (a missing or
@@ -52,11 +54,25 @@ void restoreDefaults(ProgramState& state);
 
 // ---- Where the program keeps its files ----------------------------------------
 
-// The folder the program keeps its files in: the program folder itself when
-// it is writable (a portable installation); otherwise the per-user data
-// folder, seeded on first use with what the program folder carries
-// (cvdata.txt, sounds, fonts, tables), so that the program works the same.
+// The folder of the read-only data (tables, sounds, fonts, the first
+// settings): share/calvix beside the bin/ of an installed program, else the
+// program folder itself (the build tree, a portable copy).
+QString sharedDataFolder(const QString& programFolder);
+// The folder the program keeps its files in (cvdata.txt, datos/, the draws
+// the user updates). A portable copy keeps them in its own folder while it
+// can write there. An installed program, or a folder it cannot write, uses
+// the per-user data folder, seeded on first use with the shared copy of the
+// per-user files.
 QString programDataFolder(const QString& programFolder);
+// The language a user with no settings file starts in: 1 Spanish, 2 English,
+// 3 French, 4 Catalan, by the system's language (English for any other).
+int languageOfLocale(const QLocale& locale);
+// The files each user gets a copy of, so that they can change them.
+QStringList perUserFiles();
 // Copies every file of from (recursively) that to lacks, leaving existing
-// files alone; executables are not copied. False when a copy failed.
-bool seedFolder(const QString& from, const QString& to);
+// files alone; executables are not copied. With names, only those files
+// (paths relative to from). False when a copy failed.
+bool seedFolder(const QString& from, const QString& to, const QStringList& names = {});
+// A read-only data file by its path under the shared folder ("cvxtp.dlj",
+// "mmedia/hey.wav"): program().SharedFolder, or AppFolder where none is set.
+QString sharedFile(const QString& relativePath);

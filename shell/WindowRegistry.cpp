@@ -1,5 +1,6 @@
 #include "shell/WindowRegistry.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -24,6 +25,20 @@ QList<WindowId> allWindowIds() {
   QList<WindowId> ids;
   for (int i = 0; i <= static_cast<int>(WindowId::Help); ++i) ids << static_cast<WindowId>(i);
   return ids;
+}
+
+bool openDocument(const QString& path) {
+  static const QHash<QString, WindowId> kinds{
+      {QStringLiteral("age"), WindowId::Calendar},     {QStringLiteral("ban"), WindowId::Banking},
+      {QStringLiteral("evl"), WindowId::FunctionTable}, {QStringLiteral("lot"), WindowId::Lottery},
+      {QStringLiteral("dat"), WindowId::ScientificCalculator}, {QStringLiteral("cro"), WindowId::Chronometer}};
+  const auto kind = kinds.constFind(QFileInfo(path).suffix().toLower());
+  if (kind == kinds.constEnd() || !hasWindowFactory(*kind)) return false;
+  QWidget* w = OpenWindow(*kind);
+  if (!w || w->metaObject()->indexOfMethod("openDocument(QString)") < 0) return false;
+  bool opened = false;
+  QMetaObject::invokeMethod(w, "openDocument", Q_RETURN_ARG(bool, opened), Q_ARG(QString, QFileInfo(path).absoluteFilePath()));
+  return opened;
 }
 
 QString windowName(WindowId id) {

@@ -43,5 +43,11 @@ QWidget* OpenWindow(WindowId id);
 QWidget* findWindow(WindowId id);
 // Every window created so far and still alive (the program's open windows).
 QList<QWidget*> openWindows();
+// A file given to the program (a double click in a file manager): opens the
+// window of its kind by its extension (.age calendar, .ban banking, .evl
+// function table, .lot lottery, .dat calculator, .cro chronometer) and hands
+// it the file through the window's invokable openDocument(QString), as its
+// own Open item would. False when no window takes that kind or it refused.
+bool openDocument(const QString& path);
 // Forgets every factory and window (tests).
 void clearWindowRegistry();

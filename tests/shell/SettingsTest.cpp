@@ -390,3 +390,63 @@ TEST_F(SettingsTest, SeedingCopiesWhatIsMissingAndLeavesTheRest) {
   EXPECT_EQ(programDataFolder(from), from);  // a writable program folder is its own data folder
   EXPECT_TRUE(QFileInfo(from + QStringLiteral("/datos")).isDir());  // where the file dialogs start
 }
+
+TEST_F(SettingsTest, AnInstalledProgramKeepsEachUsersFilesApartFromItsSharedData) {
+  // <prefix>/bin/calvix with its data in <prefix>/share/calvix.
+  const QString prefix = appFolder.filePath(QStringLiteral("usr"));
+  const QString bin = prefix + QStringLiteral("/bin");
+  const QString shared = prefix + QStringLiteral("/share/calvix");
+  QDir().mkpath(bin);
+  QDir().mkpath(shared + QStringLiteral("/mmedia"));
+  for (const char* name : {"cvdata.txt", "cvxlp.dlj", "cvxtp.dlj", "mmedia/hey.wav"}) {
+    QFile f(shared + QLatin1Char('/') + QLatin1String(name));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(name);
+  }
+  EXPECT_EQ(sharedDataFolder(bin), shared);
+  EXPECT_EQ(sharedDataFolder(appFolder.path()), appFolder.path());  // the build tree is its own
+
+  QTemporaryDir home;
+  qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+  const QString user = programDataFolder(bin);
+  qunsetenv("XDG_DATA_HOME");
+  EXPECT_TRUE(user.startsWith(home.path())) << user.toStdString();
+  EXPECT_TRUE(QFileInfo(user + QStringLiteral("/datos")).isDir());
+  EXPECT_EQ(rt::readWholeFile(user + QStringLiteral("/cvxlp.dlj")), QByteArray("cvxlp.dlj"));  // draws a user updates
+  EXPECT_FALSE(QFile::exists(user + QStringLiteral("/cvxtp.dlj")));  // read in place
+  EXPECT_FALSE(QFile::exists(user + QStringLiteral("/mmedia/hey.wav")));
+  EXPECT_FALSE(QFile::exists(user + QStringLiteral("/cvdata.txt")));  // written on leaving
+
+  program().AppFolder = rt::Variant(user + QLatin1Char('/'));
+  program().SharedFolder = shared + QLatin1Char('/');
+  EXPECT_EQ(sharedFile(QStringLiteral("mmedia/hey.wav")), shared + QStringLiteral("/mmedia/hey.wav"));
+  program().SharedFolder.clear();
+  EXPECT_EQ(sharedFile(QStringLiteral("cvxtp.dlj")), user + QStringLiteral("/cvxtp.dlj"));
+}
+
+TEST_F(SettingsTest, AFirstStartTakesTheDefaultsInTheSystemsLanguage) {
+  EXPECT_EQ(languageOfLocale(QLocale(QLocale::Spanish, QLocale::Mexico)), 1);
+  EXPECT_EQ(languageOfLocale(QLocale(QLocale::English, QLocale::UnitedKingdom)), 2);
+  EXPECT_EQ(languageOfLocale(QLocale(QLocale::French, QLocale::Canada)), 3);
+  EXPECT_EQ(languageOfLocale(QLocale(QLocale::Catalan, QLocale::Spain)), 4);
+  EXPECT_EQ(languageOfLocale(QLocale(QLocale::German, QLocale::Germany)), 2);
+
+  // No file of the user's own: the shared defaults are read, nothing is shown.
+  QFile::remove(appFolder.filePath(QStringLiteral("cvdata.txt")));
+  QTemporaryDir shared;
+  program().SharedFolder = shared.path() + QLatin1Char('/');
+  ProgramState defaults;
+  restoreDefaults(defaults);
+  defaults.SessionCounter = 41;
+  ASSERT_EQ(writeSettingsFile(shared.filePath(QStringLiteral("cvdata.txt")), defaults), 0);
+  clearSettings(program());
+  messages.clear();
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+  EXPECT_TRUE(ReadSettings());
+  QLocale::setDefault(before);
+  program().SharedFolder.clear();
+  EXPECT_TRUE(messages.shown().empty());
+  EXPECT_EQ(program().SessionCounter, 41);
+  EXPECT_EQ(program().Language, 3);
+}
