@@ -363,7 +363,7 @@ QWidget* CalculatorWindow::buildPanels() {
   // The tabs run down the side: there every caption shows whole in each
   // language, and the pages keep the width the statistics keys need.
   panels_->setTabPosition(QTabWidget::West);
-  panels_->setUsesScrollButtons(false);
+  panels_->setUsesScrollButtons(true);
   panels_->setElideMode(Qt::ElideNone);
   historyPage_ = buildHistoryPage();
   panels_->addTab(historyPage_, Res(4719));

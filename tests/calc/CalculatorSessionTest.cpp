@@ -81,9 +81,9 @@ TEST_F(CalculatorSessionTest, EachWindowRefusesTheControlsItLacks) {
       {"Regresion(1)", CalculatorKind::Normal, false},
       {"MSFlexGrid1(0)=1", CalculatorKind::Normal, false},
       {"X Y N º", CalculatorKind::Normal, true},
-      {"Command40", CalculatorKind::Scientific, false},
-      {"normalcalc Command40", CalculatorKind::Scientific, true},
-      {"normalcalc Command40 cientificacalc Command45", CalculatorKind::Scientific, false},
+      {"Command123", CalculatorKind::Scientific, false},
+      {"normalcalc Command123", CalculatorKind::Scientific, true},
+      {"normalcalc Command40 cientificacalc Command123", CalculatorKind::Scientific, false},
       {"cientificacalc Command14 normalcalc normalcalc", CalculatorKind::Normal, true},
   };
   for (const auto& row : rows) EXPECT_EQ(parses(row.sequence, row.first), row.ok) << row.sequence;

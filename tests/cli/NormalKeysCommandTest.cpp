@@ -55,8 +55,8 @@ TEST_F(NormalKeysCommand, AControlTheWindowShownLacksIsBadUsage) {
   for (const auto& [options, sequence] : std::vector<std::pair<QStringList, const char*>>{
            {{"--normal"}, "2 Command14 3"},
            {{"--normal"}, "Regresion(1)"},
-           {{}, "Command40"},
-           {{"--normal"}, "cientificacalc Command45"}}) {
+           {{}, "Command123"},
+           {{"--normal"}, "cientificacalc Command124"}}) {
     const CliRun r = keys(options, QString::fromUtf8(sequence));
     EXPECT_EQ(r.exitCode, 2) << sequence;
     EXPECT_TRUE(r.out.isEmpty()) << sequence;
