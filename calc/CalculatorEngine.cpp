@@ -415,6 +415,7 @@ void CalculatorEngine::Command22_Click() {
 // ---- Failure paths -------------------------------------------------------------------
 
 void CalculatorEngine::reportFailure(int code) {
+  errorCode = code;
   result = ErrorText(code);
   numero = kZero;
   errorState = 2;
@@ -422,6 +423,7 @@ void CalculatorEngine::reportFailure(int code) {
 }
 
 void CalculatorEngine::unexpectedFailure() {
+  errorCode = 31;
   result = kZero;
   numero = kZero;
   errorState = 1;

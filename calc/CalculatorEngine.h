@@ -44,8 +44,10 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 #include "calc/CalculatorHistory.h"
+#include "calc/ExpressionPanel.h"
 #include "calc/TextField.h"
 #include "shell/runtime/Variant.h"
 
@@ -62,6 +64,7 @@ class CalculatorEngine {
 
   CalculatorEngine();
   explicit CalculatorEngine(HistoryPadding padding);
+  ~CalculatorEngine();
   CalculatorEngine(const CalculatorEngine&) = delete;
   CalculatorEngine& operator=(const CalculatorEngine&) = delete;
 
@@ -240,6 +243,19 @@ class CalculatorEngine {
   bool loadStatisticsFile(const QString& path);
   PrintDocument statisticsDocument() const;
 
+  // ---- Programs and expression viewer (ProgramsAndExpressions.cpp) ----------------
+  QString Text4;      // the expression to evaluate, or a command word
+  int errorCode = 0;  // the code of the last failure shown, 0 for none
+  void Command79_Click(int index);  // shows program index in Text4 and evaluates it
+  void Command80_Click(int index);  // stores Text4 as program index
+  void Command81_Click(int index);  // clears program index
+  void Command83_Click();           // evaluates Text4 (or runs its command word)
+  void Command83_RightClick();      // the list of the functions an expression may use
+  // A program key's tooltip: the program's text.
+  static QString programTooltip(int index);
+  // A right click on a control by name; false when it has no right-click action.
+  bool rightClick(const QString& control, int index = -1);
+
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear
   // key runs (the pending operator is lost).
@@ -322,4 +338,6 @@ class CalculatorEngine {
   QString statisticsFolder() const;
 
   HistoryPadding padding_;
+  std::unique_ptr<ExpressionPanel> viewer_;  // made on the first evaluation
+  bool runCommandWord(const QString& word);
 };

@@ -22,6 +22,7 @@ enum class KeypadPanel {
   HistoryTools, // under the history list
   ViewerTools,  // under the auxiliary viewer
   Statistics,   // the statistics panel, under its two grids
+  Programs,     // the evaluation panel: run, store and clear per program, evaluate
 };
 
 struct KeypadKey {
