@@ -166,7 +166,7 @@ void ColourModel::txt1_Change(int index) {
 }
 
 void ColourModel::txt2_Change(int index) {
-  (void)index;  // the three together make the colour
+  // The three fields together make the colour.
   const Hls h{fieldNumber(txt2[0], kHlsMax), fieldNumber(txt2[1], kHlsMax), fieldNumber(txt2[2], kHlsMax)};
   const Rgb c = hlsToRgb(h);
   scrl = {c.red, c.green, c.blue};

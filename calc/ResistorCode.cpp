@@ -143,10 +143,20 @@ void ResistorCode::Command87_Click() {
   Text8 = rt::NumberToText(value);
 }
 
+namespace {
+// A value the multiplier colours cannot show: code 8 under the tool's title.
+void reportOutOfRange() {
+  ProgramState& p = program();
+  p.MainMenuTitle = QStringLiteral("VelozCalc");
+  p.SectionTitle = Res(4345);
+  ReportError(8, 3, 3, 0);
+}
+}  // namespace
+
 bool ResistorCode::Command97_Click() {
   double value = 0;
   if (!rt::tryTextToDouble(Text9.trimmed(), value) || value < 0) {
-    ReportError(8, 3, 3, 0);
+    reportOutOfRange();
     return false;
   }
   // "00e+00" or "000e+00": the mantissa already holds the band's digits, so
@@ -157,7 +167,7 @@ bool ResistorCode::Command97_Click() {
   const QString digits = text.left(e);
   const int exponent = text.mid(e + 1).toInt();
   if (exponent < kLowestExponent || exponent > kHighestExponent) {
-    ReportError(8, 3, 3, 0);
+    reportOutOfRange();
     return false;
   }
   const int chosenCoefficient = Combo3;

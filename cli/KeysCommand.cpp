@@ -18,6 +18,12 @@
 // Each --file PATH answers the next file dialog (abrirest, guardarest,
 // exporcsv); a dialog with none left is cancelled. The statistics store
 // follows the history: counts, sums, the regression type and the data.
+// --settings F reads the settings file F before the keys, --save-settings F
+// writes the settings to F at the end (the programs among them). Tokens
+// Text4=TEXT set the expression field and right:CONTROL right-clicks. System
+// actions the keys ask for (screen saver, shutdown) are recorded, never done,
+// and listed as platform; errorCode is the code of the last failure shown
+// (0 none); viewer lists the auxiliary viewer's pairs.
 // In the plain output a line break inside result is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
@@ -28,8 +34,10 @@
 #include "calc/KeySequence.h"
 #include "cli/CliCommand.h"
 #include "shell/runtime/NumberText.h"
+#include "shell/Platform.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
+#include "shell/Settings.h"
 
 namespace {
 
@@ -75,8 +83,22 @@ QJsonObject statisticsJson(const CalculatorEngine& engine) {
           {QStringLiteral("X"), x},            {QStringLiteral("Y"), y}};
 }
 
+// The system actions asked, without the recorder's verbs.
+QStringList platformActions(const RecordingPlatform& recorder) {
+  QStringList actions;
+  for (QString call : recorder.calls) {
+    for (const char* verb : {"powerAction ", "runCommand "}) {
+      if (call.startsWith(QLatin1String(verb))) call.remove(0, static_cast<qsizetype>(qstrlen(verb)));
+    }
+    actions << call;
+  }
+  return actions;
+}
+
 int runKeys(CliContext& ctx) {
-  QString memories, registers;
+  QString memories, registers, settingsIn, settingsOut;
+  ctx.takeOption(QStringLiteral("--settings"), settingsIn);
+  ctx.takeOption(QStringLiteral("--save-settings"), settingsOut);
   ctx.takeOption(QStringLiteral("--memories"), memories);
   ctx.takeOption(QStringLiteral("--registers"), registers);
   QStringList files = ctx.takeOptions(QStringLiteral("--file"));
@@ -98,12 +120,29 @@ int runKeys(CliContext& ctx) {
     return ctx.usage(QStringLiteral("keys --registers: ") + error);
   }
 
+  if (!settingsIn.isEmpty()) {
+    if (const int error = readSettingsFile(settingsIn, program()).error) {
+      return ctx.fail(QStringLiteral("keys --settings: cannot read %1 (error %2)").arg(settingsIn).arg(error));
+    }
+  }
+  RecordingPlatform recorder;
+  setPlatform(&recorder);
+  struct PlatformBack {
+    ~PlatformBack() { setPlatform(nullptr); }
+  } platformBack;
+
   CalculatorEngine engine;
   engine.fileDialog = [&files](const CalculatorEngine::FileDialogRequest&) {
     return files.isEmpty() ? QString() : files.takeFirst();
   };
   engine.Form_Activate();
   runKeySteps(engine, steps);
+  if (!settingsOut.isEmpty()) {
+    if (const int error = writeSettingsFile(settingsOut, program())) {
+      return ctx.fail(QStringLiteral("keys --save-settings: cannot write %1 (error %2)").arg(settingsOut).arg(error));
+    }
+  }
+  const QStringList actions = platformActions(recorder);
 
   if (ctx.jsonOutput) {
     ctx.json.insert(QStringLiteral("numero"), engine.numero.text());
@@ -126,6 +165,14 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("registers"), r);
     ctx.json.insert(QStringLiteral("history"), QJsonArray::fromStringList(engine.Combo1.lines()));
     ctx.json.insert(QStringLiteral("statistics"), statisticsJson(engine));
+    ctx.json.insert(QStringLiteral("errorCode"), engine.errorCode);
+    QJsonArray viewer;
+    for (qsizetype i = 0; i < engine.List3.size(); ++i) {
+      viewer.append(QJsonArray{engine.List3.at(i), engine.List4.value(i)});
+    }
+    ctx.json.insert(QStringLiteral("viewer"), viewer);
+    ctx.json.insert(QStringLiteral("Text4"), engine.Text4);
+    ctx.json.insert(QStringLiteral("platform"), QJsonArray::fromStringList(actions));
     return 0;
   }
   // One line per field: a line break inside result is written as "\n".
@@ -154,6 +201,12 @@ int runKeys(CliContext& ctx) {
       ctx.out << (list == 0 ? "X\t" : "Y\t") << i << '\t' << rt::NumberToText(st.at(list, i)) << '\n';
     }
   }
+  ctx.out << "errorCode\t" << engine.errorCode << '\n';
+  for (qsizetype i = 0; i < engine.List3.size(); ++i) {
+    ctx.out << "viewer\t" << engine.List3.at(i) << '\t' << engine.List4.value(i) << '\n';
+  }
+  ctx.out << "Text4\t" << engine.Text4 << '\n';
+  for (const QString& action : actions) ctx.out << "platform\t" << action << '\n';
   return 0;
 }
 
@@ -166,5 +219,6 @@ CALVIX_CLI_COMMAND("keys",
                    "            an empty item keeps the default, a register without :LABEL keeps its label)\n"
                    "            [--file PATH]... answers the file dialogs of abrirest, guardarest, exporcsv;\n"
                    "            statistics tokens: X Y Command15(i) Command2(i) Command16(i) Command84(i)\n"
-                   "            Regresion(i) MnuClrSTD(i) ordenaEstad(i) MSFlexGrid1(g)=row changecell borracell",
+                   "            Regresion(i) MnuClrSTD(i) ordenaEstad(i) MSFlexGrid1(g)=row changecell borracell\n"
+                   "            Text4=TEXT right:CONTROL; --settings F reads F first, --save-settings F writes F",
                    runKeys);
