@@ -5,6 +5,8 @@
 #include "app/ScreenshotTour.h"
 #include "bank/BankWindow.h"
 #include "calc/CalculatorWindow.h"
+#include "calc/ColourWindow.h"
+#include "calc/ResistorWindow.h"
 #include "calendar/CalendarWindow.h"
 #include "chrono/ChronometerWindow.h"
 #include "convert/ConverterWindow.h"
@@ -54,6 +56,8 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Chronometer, [] { return new ChronometerWindow; });
   registerWindowFactory(WindowId::Calendar, [] { return new CalendarWindow; });
   registerWindowFactory(WindowId::Lottery, [] { return new LotteryWindow; });
+  registerWindowFactory(WindowId::ColourViewer, [] { return new ColourWindow; });
+  registerWindowFactory(WindowId::ResistorCode, [] { return new ResistorWindow; });
   OpenWindow(WindowId::ControlCentre);
   scheduleScreenshotTour();
   const int code = QApplication::exec();

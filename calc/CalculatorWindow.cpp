@@ -360,6 +360,7 @@ QWidget* CalculatorWindow::buildPanels() {
   panels_->addTab(viewerPage_, Res(4543));
   statisticsPage_ = buildStatisticsPage();
   panels_->addTab(statisticsPage_, Res(4207));
+  panels_->addTab(buildProgramsPage(), Res(4407));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -624,6 +625,7 @@ void CalculatorWindow::refresh() {
   refreshHistory();
   refreshPanels();
   refreshStatistics();
+  refreshPrograms();
   historyPanel_->setText(engine_.historyStatus());
   static_cast<FillBar*>(Picture1)->setFill(engine_.Combo1.fill());
   currencyPanel_->setText(engine_.currencyStatus());
@@ -776,6 +778,7 @@ bool CalculatorWindow::takeKey(QKeyEvent* event) {
 bool CalculatorWindow::eventFilter(QObject* watched, QEvent* event) {
   // An open menu keeps its own keys: Escape closes it, arrows and Enter pick.
   if (event->type() == QEvent::KeyPress && qobject_cast<QMenu*>(watched)) return QMainWindow::eventFilter(watched, event);
+  if (watched == Text4 && event->type() == QEvent::KeyPress) return false;  // the expression takes its own keys
   if (event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event))) return true;
   if (event->type() == QEvent::MouseButtonDblClick) {
     if (const qsizetype i = m1.indexOf(qobject_cast<QLineEdit*>(watched)); i >= 0) {
