@@ -33,7 +33,7 @@ QWidget* CalculatorWindow::buildProgramsPage() {
       afterEvent();
     });
   }
-  auto* tools = new QHBoxLayout;
+  auto* tools = new QVBoxLayout;  // one tool a row: their names are long
   auto tool = [page, tools](const char* name, int captionId, WindowId id) {
     auto* b = new QPushButton(Res(captionId), page);
     b->setObjectName(QString::fromLatin1(name));

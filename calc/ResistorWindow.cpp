@@ -73,7 +73,7 @@ class ResistorDrawing : public QWidget {
 
 QString toleranceText(int colour) {
   const auto t = toleranceOf(colour);
-  return Res(4347 + colour) + QStringLiteral(" \xC2\xB1") + (t ? rt::NumberToText(*t) : QString()) + QStringLiteral(" %");
+  return Res(4347 + colour) + QStringLiteral(u" \u00B1") + (t ? rt::NumberToText(*t) : QString()) + QStringLiteral(" %");
 }
 
 }  // namespace
@@ -220,7 +220,7 @@ QWidget* ResistorWindow::buildResults() {
     model_.Command89_Click();
     refresh();
   });
-  Image7 = new QPushButton(QStringLiteral("\xF0\x9F\x96\xA8"), box);
+  Image7 = new QPushButton(Res(55), box);
   Image7->setObjectName(QStringLiteral("Image7"));
   Image7->setToolTip(Res(4423));
   connect(Image7, &QPushButton::clicked, this, [this] { model_.Image7_Click(); });
@@ -241,7 +241,7 @@ void ResistorWindow::refresh() {
     Check2.at(i)->setToolTip(Res(tip));
   }
   Text8->setText(model_.Text8);
-  tolerance_->setText(model_.tolerance.isEmpty() ? QString() : QStringLiteral("\xC2\xB1") + model_.tolerance + QStringLiteral(" %"));
+  tolerance_->setText(model_.tolerance.isEmpty() ? QString() : QStringLiteral(u"\u00B1") + model_.tolerance + QStringLiteral(" %"));
   if (model_.Combo3 >= 0) Combo3->setCurrentIndex(model_.Combo3);
   if (Text9->text() != model_.Text9) Text9->setText(model_.Text9);
   drawing_->update();

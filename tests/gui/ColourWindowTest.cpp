@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
+#include <QTabWidget>
 #include <QTest>
 
 #include "calc/CalculatorWindow.h"
@@ -69,6 +70,11 @@ class ColourWindowTest : public QObject {
     QTest::keyClick(value, Qt::Key_Return);
     QCOMPARE(w.model().bandWords(), QStringLiteral("yellow violet orange gold"));
     shot(w, QStringLiteral("resistor-code"));
+    program().LanguageOffset = 20000;
+    ResistorWindow french;
+    french.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&french));
+    shot(french, QStringLiteral("resistor-code-fr"));
   }
 
   void calculatorPageEvaluatesAndOpensTheTools() {
@@ -77,6 +83,7 @@ class ColourWindowTest : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     auto* text4 = control<QLineEdit>(w, QStringLiteral("Text4"));
     QVERIFY(text4);
+    control<QTabWidget>(w, QStringLiteral("panels"))->setCurrentWidget(control<QWidget>(w, QStringLiteral("programsPage")));
     text4->setFocus();
     QTest::keyClicks(text4, QStringLiteral("2*3"));  // the field keeps its keys from the keypad
     QTest::keyClick(text4, Qt::Key_Return);
@@ -84,6 +91,7 @@ class ColourWindowTest : public QObject {
     QTest::mouseClick(w.keyButton(QStringLiteral("Command80"), 4), Qt::LeftButton);
     QCOMPARE(program().Programs[4], QStringLiteral("2*3"));
     QCOMPARE(w.keyButton(QStringLiteral("Command79"), 4)->toolTip(), QStringLiteral("2*3"));
+    shot(w, QStringLiteral("calculator-programs"));
     QTest::mouseClick(control<QPushButton>(w, QStringLiteral("botoncolor")), Qt::LeftButton);
     QVERIFY(findWindow(WindowId::ColourViewer));
     findWindow(WindowId::ColourViewer)->close();
