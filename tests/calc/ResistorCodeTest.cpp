@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "calc/ResistorCode.h"
+#include "shell/Printing.h"
+#include "shell/Strings.h"
 #include "shell/runtime/NumberText.h"
 #include "tests/support/TestSupport.h"
 
@@ -137,6 +139,24 @@ TEST_F(ResistorCodeTest, E24SeriesRoundTripsForEveryBandCount) {
       }
     }
   }
+}
+
+TEST_F(ResistorCodeTest, SheetListsTheBandsAndTheReading) {
+  ResistorCode r;
+  paint(r, 6, QStringLiteral("brown black x red brown red"));
+  r.Command87_Click();
+  QStringList lines;
+  const PrintDocument sheet = r.sheet();
+  for (const PrintLine& line : sheet.lines()) {
+    QString text;
+    for (const PrintSpan& span : line.spans) text += span.text;
+    lines << text;
+  }
+  EXPECT_TRUE(lines.contains(QStringLiteral(" 1. ") + Res(4348) + QLatin1Char(' ') + Res(4373))) << lines.join('|').toStdString();
+  EXPECT_TRUE(lines.contains(QStringLiteral(" 3. x ") + Res(4373)));
+  EXPECT_TRUE(lines.contains(QStringLiteral(" 4. ") + Res(4349) + QLatin1Char(' ') + Res(4374)));
+  EXPECT_TRUE(lines.contains(Res(4361) + QStringLiteral(": ")));  // the value needs band 3
+  EXPECT_TRUE(lines.contains(Res(4363) + QStringLiteral(": (C) 50 ppm/ºC")));
 }
 
 }  // namespace
