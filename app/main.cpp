@@ -5,7 +5,9 @@
 #include "app/ScreenshotTour.h"
 #include "bank/BankWindow.h"
 #include "calc/CalculatorWindow.h"
+#include "calc/ColourWindow.h"
 #include "calc/NormalCalculatorWindow.h"
+#include "calc/ResistorWindow.h"
 #include "calendar/CalendarWindow.h"
 #include "chrono/ChronometerWindow.h"
 #include "convert/ConverterWindow.h"
@@ -64,6 +66,8 @@ int main(int argc, char** argv) {
   registerWindowFactory(WindowId::Lottery, [] { return new LotteryWindow; });
   registerWindowFactory(WindowId::StatisticsChart, [] { return new StatisticsChartWindow; });
   registerWindowFactory(WindowId::CsvTool, [] { return new CsvToolWindow; });
+  registerWindowFactory(WindowId::ColourViewer, [] { return new ColourWindow; });
+  registerWindowFactory(WindowId::ResistorCode, [] { return new ResistorWindow; });
   OpenWindow(WindowId::ControlCentre);
   // Files given on the command line (a double click in a file manager).
   for (const QString& file : QApplication::arguments().mid(1)) openDocument(file);

@@ -48,11 +48,13 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 #include "calc/CalculatorHistory.h"
 #include "calc/EquationTools.h"
 #include "calc/LinearSystem.h"
 #include "calc/MatrixModel.h"
+#include "calc/ExpressionPanel.h"
 #include "calc/TextField.h"
 #include "shell/runtime/Variant.h"
 
@@ -69,6 +71,7 @@ class CalculatorEngine {
 
   CalculatorEngine();
   explicit CalculatorEngine(HistoryPadding padding);
+  ~CalculatorEngine();
   CalculatorEngine(const CalculatorEngine&) = delete;
   CalculatorEngine& operator=(const CalculatorEngine&) = delete;
 
@@ -294,6 +297,15 @@ class CalculatorEngine {
   MatrixModel matrices{*this};
   LinearSystem linearSystem{*this};
   EquationTools equations{*this};
+  // ---- Programs and expression viewer (ProgramsAndExpressions.cpp) ----------------
+  QString Text4;      // the expression to evaluate, or a command word
+  void Command79_Click(int index);  // shows program index in Text4 and evaluates it
+  void Command80_Click(int index);  // stores Text4 as program index
+  void Command81_Click(int index);  // clears program index
+  void Command83_Click();           // evaluates Text4 (or runs its command word)
+  void Command83_RightClick();      // the list of the functions an expression may use
+  // A program key's tooltip: the program's text.
+  static QString programTooltip(int index);
 
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear
@@ -391,4 +403,6 @@ class CalculatorEngine {
   QString statisticsFolder() const;
 
   HistoryPadding padding_;
+  std::unique_ptr<ExpressionPanel> viewer_;  // made on the first evaluation
+  bool runCommandWord(const QString& word);
 };

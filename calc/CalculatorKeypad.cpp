@@ -180,6 +180,22 @@ void addStatisticsKeys(QList<KeypadKey>& keys) {
        << key("Command3", 1, "Del Y", 4574, S, 4, 2, [](E& e, int n) { e.Command3_Click(n); }, 2);
 }
 
+// The evaluation panel, one column per program:
+//   P0  P1  P2  P3  P4     run
+//   ↓   ↓   ↓   ↓   ↓      store Text4
+//   ×   ×   ×   ×   ×      clear
+//   Evaluar (five columns)
+void addProgramKeys(QList<KeypadKey>& keys) {
+  constexpr auto P = KeypadPanel::Programs;
+  static const char* const kRun[] = {"P0", "P1", "P2", "P3", "P4"};
+  for (int i = 0; i < 5; ++i) {
+    keys << key("Command79", i, kRun[i], 4284, P, 0, i, [](E& e, int n) { e.Command79_Click(n); })
+         << key("Command80", i, "\xE2\x86\x93", 4285, P, 1, i, [](E& e, int n) { e.Command80_Click(n); })
+         << key("Command81", i, "\xC3\x97", 4286, P, 2, i, [](E& e, int n) { e.Command81_Click(n); });
+  }
+  keys << key("Command83", -1, "", 4288, P, 3, 0, [](E& e, int) { e.Command83_Click(); }, 5, 4407);
+}
+
 QList<KeypadKey> buildKeys() {
   QList<KeypadKey> keys;
   addMainKeys(keys);
@@ -190,6 +206,7 @@ QList<KeypadKey> buildKeys() {
   addStatisticsKeys(keys);
   addNumberToolKeys(keys);
   addEquationKeys(keys);
+  addProgramKeys(keys);
   return keys;
 }
 

@@ -24,6 +24,7 @@ enum class KeypadPanel {
   Statistics,   // the statistics panel, under its two grids
   NumberTools,  // complex numbers and the number tools
   Equations,    // the equation tools and the linear system
+  Programs,     // the evaluation panel: run, store and clear per program, evaluate
 };
 
 struct KeypadKey {

@@ -128,6 +128,7 @@ void runNormalStep(NormalCalculatorModel& model, const KeyStep& s) {
       if (!s.alsoTyped.isNull()) model.keyPress(s.alsoTyped);
       break;
     case KeyStep::Kind::Select:
+    case KeyStep::Kind::SetText:
     case KeyStep::Kind::RightClick: break;  // the normal window has no grids or right-click keys
   }
 }

@@ -386,6 +386,7 @@ QWidget* CalculatorWindow::buildPanels() {
                                           [this] { afterEvent(); }, algebraPages_);
   algebraPages_->addTab(equationsPage_, Res(4946));
   panels_->addTab(algebraPages_, Res(4977));
+  panels_->addTab(buildProgramsPage(), Res(4407));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
@@ -673,6 +674,7 @@ void CalculatorWindow::refresh() {
   refreshStatistics();
   matrixPage_->refresh();
   equationsPage_->refresh();
+  refreshPrograms();
   historyPanel_->setText(engine_.historyStatus());
   static_cast<FillBar*>(Picture1)->setFill(engine_.Combo1.fill());
   currencyPanel_->setText(engine_.currencyStatus());
@@ -857,6 +859,7 @@ bool CalculatorWindow::eventFilter(QObject* watched, QEvent* event) {
   if (auto* box = qobject_cast<QLineEdit*>(watched); box && !box->isReadOnly() && event->type() == QEvent::KeyPress) {
     return QMainWindow::eventFilter(watched, event);
   }
+  if (watched == Text4 && event->type() == QEvent::KeyPress) return false;  // the expression takes its own keys
   if (event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event))) return true;
   if (event->type() == QEvent::MouseButtonDblClick) {
     if (const qsizetype i = m1.indexOf(qobject_cast<QLineEdit*>(watched)); i >= 0) {

@@ -70,6 +70,8 @@ class CalculatorWindow : public QMainWindow {
   QWidget* buildViewerPage();
   QWidget* buildToolRow(KeypadPanel panel, QWidget* parent, QPushButton* print);
   QWidget* buildStatisticsPage();
+  QWidget* buildProgramsPage();  // CalculatorProgramsWindow.cpp
+  void refreshPrograms();
   QMenu* buildMenu(const char* name, QWidget* parent);
   void showWindowMenu();
   void refreshStatistics();
@@ -98,6 +100,7 @@ class CalculatorWindow : public QMainWindow {
   HistoryListView* Combo1 = nullptr;
   QListWidget* List3 = nullptr;
   QListWidget* List4 = nullptr;
+  QLineEdit* Text4 = nullptr;  // the expression of the evaluation panel
   QList<QLineEdit*> m1;
   QPushButton* chameleonButton1 = nullptr;
   QPushButton* registros = nullptr;   // prints the history

@@ -39,7 +39,13 @@ bool parseToken(const QString& token, QList<KeyStep>& steps, QString& error) {
     steps << step;
     return true;
   }
-  static const QRegularExpression right(QStringLiteral("^right:(Command\\d+)(?:\\((\\d+)\\))?$"));
+  if (token.startsWith(QLatin1String("Text4="))) {
+    step.kind = KeyStep::Kind::SetText;
+    step.text = token.mid(6);
+    steps << step;
+    return true;
+  }
+  static const QRegularExpression right(QStringLiteral("^right:(\\w+?)(?:\\((\\d+)\\))?$"));
   if (const auto m = right.match(token); m.hasMatch()) {
     step.kind = KeyStep::Kind::RightClick;
     step.control = m.captured(1);
@@ -148,6 +154,7 @@ void runKeySteps(CalculatorEngine& engine, const QList<KeyStep>& steps) {
     switch (s.kind) {
       case KeyStep::Kind::Click: engine.click(s.control, s.index); break;
       case KeyStep::Kind::Select: engine.selectCell(s.index, s.row); break;
+      case KeyStep::Kind::SetText: engine.Text4 = s.text; break;
       case KeyStep::Kind::RightClick: engine.rightClick(s.control, s.index); break;
       case KeyStep::Kind::Type: engine.typeCharacter(s.character); break;
       case KeyStep::Kind::Held:

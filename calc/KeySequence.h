@@ -8,6 +8,8 @@
 //   = or Enter                equals (Command19)
 //   Backspace, Esc, F1..F12   a named key, optionally Shift+ or Ctrl+ in front;
 //   Shift+1..Shift+4, Shift+V, Ctrl+V   the held keys with a character
+//   Text4=TEXT                sets the expression field (no blanks; may be empty)
+//   right:Command83           a right click on that control
 //   anything else             typed character by character through the key
 //                             map: "12.5" types 1, 2, the separator and 5
 #include <QList>
@@ -17,7 +19,7 @@
 class CalculatorEngine;
 
 struct KeyStep {
-  enum class Kind { Click, Type, Held, Select, RightClick };
+  enum class Kind { Click, Type, Held, Select, SetText, RightClick };
   Kind kind = Kind::Type;
   QString control;  // Click, RightClick
   int index = -1;   // Click; Select: the grid
@@ -26,6 +28,7 @@ struct KeyStep {
   int key = 0;      // Held: Qt key code
   Qt::KeyboardModifiers modifiers;  // Held
   QChar alsoTyped;  // Held: the character the stroke also types (Backspace, Esc)
+  QString text;     // SetText
 };
 
 // Parses a sequence; on a bad token returns false and says why in error.

@@ -601,5 +601,9 @@ bool CalculatorEngine::rightClick(const QString& control, int index) {
     Command51_RightClick();
     return true;
   }
+  if (control == QLatin1String("Command83")) {  // the expression field's function list
+    Command83_RightClick();
+    return true;
+  }
   return false;
 }

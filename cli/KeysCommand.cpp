@@ -21,8 +21,12 @@
 // Each --file PATH answers the next file dialog (abrirest, guardarest,
 // exporcsv); a dialog with none left is cancelled. The statistics store
 // follows the history: counts, sums, the regression type and the data.
-// errorCode is the code of the last failure shown (0 none); the auxiliary
-// viewer follows as [left, right] pairs ("viewer" TAB left TAB right lines).
+// --settings F reads the settings file F before the keys, --save-settings F
+// writes the settings to F at the end (the programs among them). Tokens
+// Text4=TEXT set the expression field and right:CONTROL right-clicks. System
+// actions the keys ask for (screen saver, shutdown) are recorded, never done,
+// and listed as platform; errorCode is the code of the last failure shown
+// (0 none); viewer lists the auxiliary viewer's pairs.
 // In the plain output a line break inside result (LF or CR LF) is written as "\n".
 #include <QJsonArray>
 #include <QJsonObject>
@@ -34,8 +38,10 @@
 #include "calc/KeySequence.h"
 #include "cli/CliCommand.h"
 #include "shell/runtime/NumberText.h"
+#include "shell/Platform.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
+#include "shell/Settings.h"
 
 namespace {
 
@@ -81,8 +87,22 @@ QJsonObject statisticsJson(const CalculatorEngine& engine) {
           {QStringLiteral("X"), x},            {QStringLiteral("Y"), y}};
 }
 
+// The system actions asked, without the recorder's verbs.
+QStringList platformActions(const RecordingPlatform& recorder) {
+  QStringList actions;
+  for (QString call : recorder.calls) {
+    for (const char* verb : {"powerAction ", "runCommand "}) {
+      if (call.startsWith(QLatin1String(verb))) call.remove(0, static_cast<qsizetype>(qstrlen(verb)));
+    }
+    actions << call;
+  }
+  return actions;
+}
+
 int runKeys(CliContext& ctx) {
-  QString memories, registers;
+  QString memories, registers, settingsIn, settingsOut;
+  ctx.takeOption(QStringLiteral("--settings"), settingsIn);
+  ctx.takeOption(QStringLiteral("--save-settings"), settingsOut);
   ctx.takeOption(QStringLiteral("--memories"), memories);
   ctx.takeOption(QStringLiteral("--registers"), registers);
   QStringList files = ctx.takeOptions(QStringLiteral("--file"));
@@ -105,12 +125,29 @@ int runKeys(CliContext& ctx) {
     return ctx.usage(QStringLiteral("keys --registers: ") + error);
   }
 
+  if (!settingsIn.isEmpty()) {
+    if (const int error = readSettingsFile(settingsIn, program()).error) {
+      return ctx.fail(QStringLiteral("keys --settings: cannot read %1 (error %2)").arg(settingsIn).arg(error));
+    }
+  }
+  RecordingPlatform recorder;
+  setPlatform(&recorder);
+  struct PlatformBack {
+    ~PlatformBack() { setPlatform(nullptr); }
+  } platformBack;
+
   CalculatorSession session(first);
   session.fileDialog = [&files](const CalculatorEngine::FileDialogRequest&) {
     return files.isEmpty() ? QString() : files.takeFirst();
   };
   runSessionSteps(session, steps);
   const CalculatorEngine& engine = session.engine();
+  if (!settingsOut.isEmpty()) {
+    if (const int error = writeSettingsFile(settingsOut, program())) {
+      return ctx.fail(QStringLiteral("keys --save-settings: cannot write %1 (error %2)").arg(settingsOut).arg(error));
+    }
+  }
+  const QStringList actions = platformActions(recorder);
 
   if (ctx.jsonOutput) {
     ctx.json.insert(QStringLiteral("window"), calculatorWindowName(session.shown()));
@@ -139,6 +176,8 @@ int runKeys(CliContext& ctx) {
     ctx.json.insert(QStringLiteral("registers"), r);
     ctx.json.insert(QStringLiteral("history"), QJsonArray::fromStringList(engine.Combo1.lines()));
     ctx.json.insert(QStringLiteral("statistics"), statisticsJson(engine));
+    ctx.json.insert(QStringLiteral("Text4"), engine.Text4);
+    ctx.json.insert(QStringLiteral("platform"), QJsonArray::fromStringList(actions));
     return 0;
   }
   // One line per field: a line break inside result is written as "\n".
@@ -170,6 +209,8 @@ int runKeys(CliContext& ctx) {
       ctx.out << (list == 0 ? "X\t" : "Y\t") << i << '\t' << rt::NumberToText(st.at(list, i)) << '\n';
     }
   }
+  ctx.out << "Text4\t" << engine.Text4 << '\n';
+  for (const QString& action : actions) ctx.out << "platform\t" << action << '\n';
   return 0;
 }
 
@@ -185,5 +226,6 @@ CALVIX_CLI_COMMAND("keys",
                    "            Regresion(i) MnuClrSTD(i) ordenaEstad(i) MSFlexGrid1(g)=row changecell borracell\n"
                    "            right:CONTROL is a right click (right:Command51 asks the random base)\n"
                    "            --normal starts in the normal calculator (comand2); normalcalc and cientificacalc\n"
-                   "            switch windows (the tokens after them go to the window shown)",
+                   "            switch windows (the tokens after them go to the window shown)\n"
+                   "            Text4=TEXT right:CONTROL; --settings F reads F first, --save-settings F writes F",
                    runKeys);

@@ -34,7 +34,7 @@ std::vector<int> errorLines(int code) {
     case 1000: return {3001, 3002, 3003};
     default: break;
   }
-  const bool single = (code >= 1 && code <= 55) || (code >= 100 && code <= 109) || (code >= 200 && code <= 210) ||
+  const bool single = (code >= 1 && code <= 55) || (code >= 100 && code <= 109) || code == 120 || (code >= 200 && code <= 210) ||
                       code == 500 || code == 501 || code == 503 || (code >= 600 && code <= 603) ||
                       (code >= 900 && code <= 907) || code == 910 || code == 912 || code == 916;
   if (single) return {2000 + code};

@@ -49,7 +49,7 @@ struct ProgramState {
   float TextColour = 9719081;                                   // "COLOR TEXTO"
   float BackgroundColour = 11902587;                            // "COLOR FONDO"
   std::int16_t ColourMenu = 0;                                  // "COLOR MENU"
-  std::array<QString, 4> Programs;                              // "Programa 1".."4"
+  std::array<QString, 5> Programs;                              // 1-4 kept as "Programa 1".."4"
   rt::Variant Currency1 = QStringLiteral("euro");               // "MONEDA 1"
   rt::Variant Currency2 = QStringLiteral("pts");                // "MONEDA 2"
   rt::Variant ExchangeRate = 166.386;                           // "CAMBIO MONETARIO"

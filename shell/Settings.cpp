@@ -128,9 +128,10 @@ std::vector<Item> buildLayout() {
   l.record(QStringLiteral("COLOR MENU"), Type::Integer, [](auto& s) -> auto& { return s.ColourMenu; });
   l.end();
 
-  // The calculator programs; the key keeps the blank that Str puts before the number.
-  for (int i = 0; i < 4; ++i) {
-    l.record(QStringLiteral("Programa ") + rt::Str(i + 1), Type::Text, [i, at](auto& s) -> auto& { return s.Programs[at(i)]; });
+  // The calculator programs 1 to 4 (program 0 lasts for the run); the key
+  // keeps the blank that Str puts before the number.
+  for (int i = 1; i <= 4; ++i) {
+    l.record(QStringLiteral("Programa ") + rt::Str(i), Type::Text, [i, at](auto& s) -> auto& { return s.Programs[at(i)]; });
     l.end();
   }
 

@@ -58,6 +58,8 @@ QString windowName(WindowId id) {
     case WindowId::Geometry: return QStringLiteral("geometry");
     case WindowId::StatisticsChart: return QStringLiteral("statistics-chart");
     case WindowId::CsvTool: return QStringLiteral("csv-tool");
+    case WindowId::ColourViewer: return QStringLiteral("colour-viewer");
+    case WindowId::ResistorCode: return QStringLiteral("resistor-code");
     case WindowId::Preferences: return QStringLiteral("preferences");
     case WindowId::About: return QStringLiteral("about");
     case WindowId::Help: return QStringLiteral("help");

@@ -23,6 +23,8 @@ enum class WindowId {
   Geometry,
   StatisticsChart,  // the statistics chart window
   CsvTool,          // the CSV conversion tool
+  ColourViewer,     // the calculator's colour viewer
+  ResistorCode,     // the calculator's resistor colour code
   Preferences,
   About,
   Help,

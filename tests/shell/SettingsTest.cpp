@@ -31,7 +31,7 @@ class SettingsTest : public CalvixTest {
     s.Registers = {1.5e300, -2.25, 1e-5, 123456789012345.0};
     for (int i = 0; i < 4; ++i) {
       s.RegisterLabels[static_cast<size_t>(i)] = QStringLiteral("Región %1, ñ").arg(i);
-      s.Programs[static_cast<size_t>(i)] = QStringLiteral("x^2 + %1, y\r\nsecond line").arg(i);
+      s.Programs[static_cast<size_t>(i + 1)] = QStringLiteral("x^2 + %1, y\r\nsecond line").arg(i);
       s.AlarmTimes[static_cast<size_t>(i)] = QStringLiteral("0%1:15:00").arg(i);
     }
     s.DisplayColour = 16777215;
@@ -139,7 +139,7 @@ TEST_F(SettingsTest, EveryKindOfValueSurvivesARoundTrip) {
   expectSameSettings(program(), expected);
   EXPECT_EQ(program().TextColour, 11902587.0f);
   EXPECT_EQ(program().Currency1.toText(), QStringLiteral("€uro"));
-  EXPECT_EQ(program().Programs[2], QStringLiteral("x^2 + 2, y\r\nsecond line"));
+  EXPECT_EQ(program().Programs[3], QStringLiteral("x^2 + 2, y\r\nsecond line"));
 }
 
 TEST_F(SettingsTest, A64BitFloatKeepsFifteenDigitsAsTheClassicFormWritesThem) {
@@ -342,7 +342,7 @@ TEST_F(SettingsTest, SettingsSurviveTwoRunsOfTheControlCentre) {
     p.Memories = {1, 2, 3, 4};
     p.Registers[3] = 42.5;
     p.RegisterLabels[3] = QStringLiteral("Área del círculo");
-    p.Programs[0] = QStringLiteral("sin(x)+1");
+    p.Programs[1] = QStringLiteral("sin(x)+1");
     p.CalculatorMode = QStringLiteral("normalita");
     p.ExtendedDisplay = true;
   });
@@ -353,7 +353,7 @@ TEST_F(SettingsTest, SettingsSurviveTwoRunsOfTheControlCentre) {
     EXPECT_EQ(p.Memories[2], 3);
     EXPECT_EQ(p.Registers[3], 42.5);
     EXPECT_EQ(p.RegisterLabels[3].toText(), QStringLiteral("Área del círculo"));
-    EXPECT_EQ(p.Programs[0], QStringLiteral("sin(x)+1"));
+    EXPECT_EQ(p.Programs[1], QStringLiteral("sin(x)+1"));
     EXPECT_TRUE(p.ExtendedDisplay);
     EXPECT_EQ(p.SessionCounter, 2);
     p.Memories[0] = -7;
