@@ -14,6 +14,8 @@ int windowHelpTopic(WindowId id) {
     case WindowId::Help: return 10600;
     case WindowId::ScientificCalculator: return 20000;
     case WindowId::NormalCalculator: return 20900;
+    case WindowId::ColourViewer:
+    case WindowId::ResistorCode: return 20700;
     case WindowId::FunctionTable: return 31500;
     case WindowId::Plot: return 31600;
     case WindowId::StatisticsChart: return 40000;
