@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -363,7 +364,7 @@ QWidget* CalculatorWindow::buildPanels() {
   // The tabs run down the side: there every caption shows whole in each
   // language, and the pages keep the width the statistics keys need.
   panels_->setTabPosition(QTabWidget::West);
-  panels_->setUsesScrollButtons(true);
+  panels_->setUsesScrollButtons(false);
   panels_->setElideMode(Qt::ElideNone);
   historyPage_ = buildHistoryPage();
   panels_->addTab(historyPage_, Res(4719));
@@ -374,26 +375,32 @@ QWidget* CalculatorWindow::buildPanels() {
   statisticsPage_ = buildStatisticsPage();
   panels_->addTab(statisticsPage_, Res(4207));
   numberTools_ = new NumberToolsView(engine_, this, [this] { refresh(); });
-  panels_->addTab(numberTools_->buildPage(buildKeyGrid(KeypadPanel::NumberTools, panels_), panels_), Res(4820));
-  // Matrices and equations share one side tab, with a page each.
+  // The number tools, matrices, equations and the expression field share one
+  // side tab, with a page each, so that every side tab shows whole.
   algebraPages_ = new QTabWidget(panels_);
   algebraPages_->setObjectName(QStringLiteral("algebraPages"));
   algebraPages_->setDocumentMode(true);
   algebraPages_->setFocusPolicy(Qt::NoFocus);
+  algebraPages_->setUsesScrollButtons(false);
+  algebraPages_->setElideMode(Qt::ElideNone);
+  algebraPages_->addTab(numberTools_->buildPage(buildKeyGrid(KeypadPanel::NumberTools, algebraPages_), algebraPages_),
+                        Res(4820));
   matrixPage_ = new MatrixPanelView(engine_, [this] { afterEvent(); }, algebraPages_);
   algebraPages_->addTab(matrixPage_, Res(4307));
   equationsPage_ = new EquationsPanelView(engine_, buildKeyGrid(KeypadPanel::Equations, algebraPages_),
                                           [this] { afterEvent(); }, algebraPages_);
   algebraPages_->addTab(equationsPage_, Res(4946));
-  panels_->addTab(algebraPages_, Res(4977));
-  panels_->addTab(buildProgramsPage(), Res(4407));
+  algebraPages_->addTab(buildProgramsPage(), Res(4407));
+  panels_->addTab(algebraPages_, Res(4978));
   // Frame2: the constants, a page of its own that Command8 shows or hides.
   Frame2 = buildKeyGrid(KeypadPanel::Constants, panels_);
   Frame2->setObjectName(QStringLiteral("Frame2"));
   Frame2->layout()->setContentsMargins(6, 6, 6, 6);
   panels_->addTab(Frame2, Res(4776));
   panels_->setTabVisible(panels_->indexOf(Frame2), false);
-  panels_->setMinimumWidth(330);
+  // Wide enough for the statistics keys and for every tools page's tab.
+  panels_->setMinimumWidth(std::max(330, algebraPages_->tabBar()->sizeHint().width() +
+                                             panels_->tabBar()->sizeHint().width() + 8));
   // A tab picked by hand opens or closes the history panel as Command62 does.
   connect(panels_, &QTabWidget::currentChanged, this, [this] {
     historyShown_ = engine_.historyPanelVisible = panels_->currentWidget() == historyPage_;

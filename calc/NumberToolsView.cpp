@@ -100,7 +100,11 @@ QStringList NumberToolsView::screenshotStates() {
 
 bool NumberToolsView::showScreenshotState(const QString& state) {
   if (state == QLatin1String("tools")) {
-    if (auto* tabs = qobject_cast<QTabWidget*>(page_->parentWidget()->parentWidget())) tabs->setCurrentWidget(page_);
+    // Brings the page to the front through every tab widget it sits in.
+    for (QWidget* w = page_; w->parentWidget(); w = w->parentWidget()) {
+      if (auto* tabs = qobject_cast<QTabWidget*>(w->parentWidget()->parentWidget()); tabs && tabs->indexOf(w) >= 0)
+        tabs->setCurrentWidget(w);
+    }
     return true;
   }
   if (state == QLatin1String("factors")) {
