@@ -1,6 +1,8 @@
 #include "stats/CsvToolModel.h"
 
+
 #include <QFileInfo>
+#include <optional>
 
 #include "shell/ErrorReport.h"
 #include "shell/ProgramState.h"
@@ -20,6 +22,22 @@ constexpr int kHeadLines = 10;
 void report(int code, int section) {
   program().SectionTitle = Res(section);
   ReportError(code, 3, 3, 0);
+}
+
+// The lines of a text file; a binary file (904) or one that cannot be read
+// (906) is refused whole with its message.
+std::optional<QStringList> readCsvLines(const QString& path) {
+  try {
+    const QByteArray bytes = rt::readWholeFile(path);
+    if (bytes.contains('\0')) {
+      report(904, 715);
+      return std::nullopt;
+    }
+    return csvLines(rt::fromCodePage(bytes));
+  } catch (const rt::RuntimeError&) {
+    report(906, 715);
+    return std::nullopt;
+  }
 }
 
 QChar firstChar(const QString& s) { return s.isEmpty() ? QChar() : s.at(0); }
@@ -108,23 +126,12 @@ void CsvToolModel::Command1_Click() {
     report(901, 715);
     return;
   }
-  QStringList lines;
-  try {
-    const QByteArray bytes = rt::readWholeFile(path);
-    // A binary file is no text table: refused whole.
-    if (bytes.contains('\0')) {
-      report(904, 715);
-      return;
-    }
-    lines = csvLines(rt::fromCodePage(bytes));
-  } catch (const rt::RuntimeError&) {
-    report(906, 715);
-    return;
-  }
+  const auto lines = readCsvLines(path);
+  if (!lines) return;
   Label1 = path;
   Label4 = name;
   Label3 = csvOutputName(name);
-  Text1 = lines.mid(0, kHeadLines).join(QLatin1String("\r\n"));
+  Text1 = lines->mid(0, kHeadLines).join(QLatin1String("\r\n"));
   clearGrid();
 }
 
@@ -163,18 +170,9 @@ void CsvToolModel::Command2_Click() {
     report(916, 2915);
     return;
   }
-  QStringList lines;
-  try {
-    const QByteArray bytes = rt::readWholeFile(Label1);
-    if (bytes.contains('\0')) {
-      report(904, 715);
-      return;
-    }
-    lines = csvLines(rt::fromCodePage(bytes));
-  } catch (const rt::RuntimeError&) {
-    report(906, 715);
-    return;
-  }
+  const auto read = readCsvLines(Label1);
+  if (!read) return;
+  const QStringList& lines = *read;
   const QChar in = firstChar(Combo1[0]);
   const QChar out = firstChar(Combo2[0]);
   QList<QStringList> rows;
