@@ -109,6 +109,12 @@ bool CalculatorEngine::runCommandWord(const QString& word) {
     if (platform().runCommand(QStringLiteral("shutdown.exe"), {QStringLiteral("-i")})) result = Res(4414);
     return true;
   }
+  if (lower.startsWith(QLatin1String("cvxinfocard"))) {
+    // The card check of the number that follows; its digits may come in groups.
+    func = QStringLiteral("Info CALVIX");
+    infoCard(word.mid(11).remove(QLatin1Char(' ')));
+    return true;
+  }
   if (lower == QLatin1String("cvxinfousers")) {
     platform().runCommand(QStringLiteral("control"), {QStringLiteral("userpasswords2")});
     return true;

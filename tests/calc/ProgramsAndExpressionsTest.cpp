@@ -142,6 +142,15 @@ TEST_F(ProgramsAndExpressionsTest, CommandWordsGoThroughThePlatform) {
   EXPECT_EQ(recorder.calls, QStringList{QStringLiteral("runCommand shutdown.exe -i")});
   EXPECT_EQ(engine.result.text(), Res(4414));
   EXPECT_EQ(engine.errorCode, 0);
+
+  // The card check: a number in groups, valid by the Luhn test, and one digit off.
+  engine.Text4 = QStringLiteral("cvxinfocard 4111 1111 1111 1111");
+  engine.Command83_Click();
+  EXPECT_TRUE(engine.result.text().endsWith(Res(4600))) << engine.result.text().toStdString();
+  EXPECT_EQ(engine.func, QStringLiteral("Info CALVIX"));
+  engine.Text4 = QStringLiteral("cvxinfocard 4111111111111112");
+  engine.Command83_Click();
+  EXPECT_TRUE(engine.result.text().endsWith(Res(4601)));
 }
 
 }  // namespace
