@@ -476,6 +476,12 @@ void LotteryWindow::runLong(const std::function<void()>& work) {
   refresh();
 }
 
+bool LotteryWindow::openDocument(const QString& path) {
+  const bool opened = model_.abrirloto(path);
+  refresh();
+  return opened;
+}
+
 void LotteryWindow::openChart() {
   if (!model_.chartRequested) return;
   model_.chartRequested = false;

@@ -31,6 +31,8 @@ class LotteryWindow : public QMainWindow {
   explicit LotteryWindow(QWidget* parent = nullptr);
 
   LotteryModel& model() { return model_; }
+  // Opens a *.lot file as abrirloto does after its file dialog.
+  Q_INVOKABLE bool openDocument(const QString& path);
   void refresh();
 
  public Q_SLOTS:
