@@ -273,6 +273,7 @@ QChart* buildChart(const ChartModel& m) {
     switch (kind) {
       case kArea2D: {
         auto* area = new QAreaSeries(lineOf(m, s, v, false));
+        area->upperSeries()->setParent(area);  // an area series does not own its boundary line
         area->setName(m.seriesName(s));
         QColor fill = toColor(m.seriesColour(s));
         area->setBorderColor(fill.darker(140));
