@@ -4,7 +4,6 @@
 // option of the subcommand names one.
 #include <QCoreApplication>
 #include <QFile>
-#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
@@ -13,6 +12,7 @@
 #include <memory>
 
 #include "cli/CliCommand.h"
+#include "cli/WidgetApplication.h"
 #include "shell/ProgramState.h"
 #include "shell/Settings.h"
 
@@ -93,7 +93,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, std::u
         runtimeDir = std::make_unique<QTemporaryDir>();
         if (runtimeDir->isValid()) qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDir->path()));
       }
-      return std::make_unique<QApplication>(argc, argv);  // charts draw with widgets
+      return makeWidgetApplication(argc, argv);  // charts draw with widgets
     }
   }
   return std::make_unique<QCoreApplication>(argc, argv);
