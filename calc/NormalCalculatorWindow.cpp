@@ -363,11 +363,7 @@ void NormalCalculatorWindow::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (placed_) return;
   placed_ = true;
-  if (QScreen* s = screen()) {
-    const QRect area = s->availableGeometry();
-    move(area.left() + (area.width() - frameGeometry().width()) / 2,
-         area.top() + (area.height() - frameGeometry().height()) / 2);
-  }
+  CentreOnScreen(this);
 }
 
 void NormalCalculatorWindow::changeEvent(QEvent* event) {

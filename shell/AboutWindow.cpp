@@ -12,6 +12,7 @@
 #include "shell/LanguageService.h"
 #include "shell/PictureHolderView.h"
 #include "shell/Strings.h"
+#include "shell/WindowServices.h"
 
 AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("Form6"));
@@ -130,9 +131,5 @@ void AboutWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (placed_) return;
   placed_ = true;
-  if (QScreen* s = screen()) {
-    const QRect area = s->availableGeometry();
-    move(area.left() + (area.width() - frameGeometry().width()) / 2,
-         area.top() + (area.height() - frameGeometry().height()) / 2);
-  }
+  CentreOnScreen(this);
 }

@@ -281,11 +281,7 @@ void ControlCentreWindow::showEvent(QShowEvent* event) {
   if (placed_) return;
   placed_ = true;
   // First shown in the upper middle of the screen, where the modules open below it.
-  if (QScreen* s = screen()) {
-    const QRect area = s->availableGeometry();
-    move(area.left() + (area.width() - frameGeometry().width()) / 2,
-         area.top() + (area.height() - frameGeometry().height()) / 4);
-  }
+  CentreOnScreen(this, 4);
 }
 
 void ControlCentreWindow::finishLoad() {

@@ -23,6 +23,7 @@
 #include "shell/LanguageService.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
+#include "shell/WindowServices.h"
 
 namespace {
 
@@ -88,11 +89,7 @@ PreferencesWindow::PreferencesWindow(QWidget* parent) : QWidget(parent) {
   setProperty("screenshotStates", QStringList{QStringLiteral("en"), QStringLiteral("fr"), QStringLiteral("ca"),
                                               QStringLiteral("commandbox")});
   adjustSize();
-  if (QScreen* s = screen()) {
-    const QRect area = s->availableGeometry();
-    move(area.left() + std::max(0, (area.width() - frameGeometry().width()) / 2),
-         area.top() + std::max(0, (area.height() - frameGeometry().height()) / 3));
-  }
+  CentreOnScreen(this, 3);
 }
 
 template <typename Handler>

@@ -50,6 +50,15 @@ void KeepOnScreen(QWidget* window) {
   if (x != frame.left() || y != frame.top()) window->move(x, y);
 }
 
+void CentreOnScreen(QWidget* window, int part) {
+  QScreen* screen = window->screen();
+  if (!screen) return;
+  const QRect area = screen->availableGeometry();
+  const QSize size = window->frameGeometry().size();
+  window->move(area.left() + std::max(0, (area.width() - size.width()) / 2),
+               area.top() + std::max(0, (area.height() - size.height()) / part));
+}
+
 void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode) {
   if (!mainWindow || !second) return;
   if (mainWindow->isMinimized() || mainWindow->isMaximized()) mainWindow->showNormal();

@@ -18,6 +18,10 @@ void ArrangeSideBySide(QWidget* mainWindow, QWidget* second, int mode);
 // its screen (shrinking it first when it is larger than that), so no part of it
 // opens off the screen. OpenWindow and ArrangeSideBySide call it.
 void KeepOnScreen(QWidget* window);
+// Moves a top-level window, frame included, to the middle of its screen's
+// available width, with its top at 1/part of the room left below it (2:
+// centred, 4: in the upper middle); never above or left of the area.
+void CentreOnScreen(QWidget* window, int part = 2);
 // Starts moving the window with the mouse, as if dragged by its title. Call it
 // from a mouse press; the window follows until the button is released.
 void DragWindow(QWidget* window);
