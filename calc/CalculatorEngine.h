@@ -243,6 +243,9 @@ class CalculatorEngine {
   void borracell_Click();           // deletes the selected datum
   void ordenaEstad_Click(int index);  // sorts ascending (0), descending (1)
   void abrirest_Click();            // opens a *.dat file
+  // Opens a *.dat file given by name (a file manager's double click): the
+  // extension rule and reading of abrirest, without the dialog.
+  bool abrirestFile(const QString& path);
   void guardarest_Click();          // saves a *.dat file
   void exporcsv_Click();            // exports the data as CSV
   void estadistica_Click();         // prints the data table (menu estadística)

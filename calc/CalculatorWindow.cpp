@@ -485,6 +485,12 @@ QWidget* CalculatorWindow::buildViewerPage() {
   return page;
 }
 
+bool CalculatorWindow::openDocument(const QString& path) {
+  const bool opened = engine_.abrirestFile(path);
+  afterEvent();
+  return opened;
+}
+
 QMenu* CalculatorWindow::buildMenu(const char* name, QWidget* parent) {
   auto* menu = new QMenu(parent);
   menu->setObjectName(QString::fromLatin1(name));

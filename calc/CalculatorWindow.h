@@ -46,6 +46,8 @@ class CalculatorWindow : public QMainWindow {
   void refresh();
   // The button of a key ("Command13", 3), or nullptr.
   QPushButton* keyButton(const QString& control, int index = -1) const;
+  // A statistics file given on the command line or by the file manager.
+  Q_INVOKABLE bool openDocument(const QString& path);
 
  public Q_SLOTS:
   // The screenshot tour's extra state: "statistics" shows the panel with data.

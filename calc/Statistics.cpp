@@ -371,12 +371,16 @@ void CalculatorEngine::abrirest_Click() {
   if (helpInstead(helpTopic(kFileTopic)) || !fileDialog) return;
   const QString path = fileDialog({Res(4400), Res(4401), statisticsFolder(), false});
   if (path.isEmpty()) return;
+  abrirestFile(path);
+}
+
+bool CalculatorEngine::abrirestFile(const QString& path) {
   if (!hasExtension(path, QStringLiteral("dat"))) {
     fileFailure();
-    return;
+    return false;
   }
   statisticsPanelRequested = true;
-  loadStatisticsFile(path);
+  return loadStatisticsFile(path);
 }
 
 void CalculatorEngine::guardarest_Click() {

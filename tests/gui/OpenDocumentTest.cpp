@@ -5,8 +5,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "calc/CalculatorWindow.h"
 #include "calendar/CalendarWindow.h"
 #include "funcs/FunctionTableWindow.h"
+#include "shell/ProgramState.h"
 #include "shell/WindowRegistry.h"
 #include "shell/runtime/DateTime.h"
 #include "tests/support/GuiTestSupport.h"
@@ -20,6 +22,7 @@ class OpenDocumentTest : public QObject {
     clearWindowRegistry();
     registerWindowFactory(WindowId::Calendar, [] { return new CalendarWindow; });
     registerWindowFactory(WindowId::FunctionTable, [] { return new FunctionTableWindow; });
+    registerWindowFactory(WindowId::ScientificCalculator, [] { return new CalculatorWindow; });
   }
   void cleanup() {
     for (QWidget* w : openWindows()) delete w;
@@ -50,6 +53,28 @@ class OpenDocumentTest : public QObject {
     QVERIFY(!openDocument(dir.filePath(QStringLiteral("notes.txt"))));
     QVERIFY(!openDocument(dir.filePath(QStringLiteral("apuestas.lot"))));  // no lottery window registered here
     QVERIFY(!findWindow(WindowId::FunctionTable));
+  }
+
+  void statisticsFileOpensInTheCalculator() {
+    QTemporaryDir dir;
+    const QString dat = dir.filePath(QStringLiteral("medidas.dat"));
+    QFile f(dat);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write("3,1\r\n1.5\r\n-0.25\r\n1E+20\r\n0.1\r\n");
+    f.close();
+    QVERIFY(openDocument(dat));
+    auto* calculator = qobject_cast<CalculatorWindow*>(findWindow(WindowId::ScientificCalculator));
+    QVERIFY(calculator && calculator->isVisible());
+    QCOMPARE(program().stats.count(0), 3);
+    QCOMPARE(program().stats.count(1), 1);
+
+    const QString cut = dir.filePath(QStringLiteral("cortado.dat"));
+    QFile g(cut);
+    QVERIFY(g.open(QIODevice::WriteOnly));
+    g.write("2,0\r\n1\r\n");
+    g.close();
+    QVERIFY(!openDocument(cut));
+    QCOMPARE(program().stats.count(0), 3);
   }
 };
 
