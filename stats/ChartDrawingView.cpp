@@ -75,6 +75,10 @@ constexpr double kPointSizes[] = {0, 4, 6, 9, 13};
 
 QAbstractAxis* valueAxis(const ChartModel& m, int index, double low, double high) {
   const ChartModel::Axis& a = m.axis[static_cast<std::size_t>(index)];
+  // An empty chart, or one value everywhere, gives no width to scale: the
+  // axis takes one unit from its low end.
+  if (!std::isfinite(low) || !std::isfinite(high)) low = 0, high = 1;
+  if (high <= low) high = low + 1;
   QAbstractAxis* axis = nullptr;
   if (a.type == ChartModel::Logarithmic && low > 0) {
     auto* log = new QLogValueAxis;
