@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr int kIdBlock = 10000;  // ids of one language run below this
+
 // --- Reading the program's sources ----------------------------------------
 
 // The code of a source file with comments removed and every string or
@@ -332,6 +334,27 @@ void addTables(const QSet<QString>& memberNames, IdUses& ids) {
   }
 }
 
+// "Res(3314 + i)" inside "for (int i = 0; i < 5; ++i)": every id of the range.
+// The loop must start shortly before the call, within the same few lines.
+void addLoopRanges(const Source& file, IdUses& ids) {
+  static const QRegularExpression call(QStringLiteral(R"(\b(?:Res|LoadResString)\(\s*(\d{1,4})\s*\+\s*([A-Za-z_]\w*)\s*\))"));
+  auto m = call.globalMatch(file.code);
+  while (m.hasNext()) {
+    const auto hit = m.next();
+    const QString index = hit.captured(2);
+    const QRegularExpression loop(
+        QStringLiteral(R"(\bfor\s*\(\s*(?:int|auto|qsizetype)?\s*%1\s*=\s*(\d+)\s*;\s*%1\s*(<=?)\s*(\d+)\s*;)").arg(index));
+    const qsizetype from = qMax<qsizetype>(0, hit.capturedStart() - 400);
+    QRegularExpressionMatch last;
+    auto l = loop.globalMatch(file.code.mid(from, hit.capturedStart() - from));
+    while (l.hasNext()) last = l.next();
+    if (!last.hasMatch()) continue;
+    const int base = hit.captured(1).toInt();
+    const int end = last.captured(3).toInt() + (last.captured(2) == QLatin1String("<=") ? 1 : 0);
+    for (int k = last.captured(1).toInt(); k < end && base + k < kIdBlock; ++k) ids.insert(base + k, file.path);
+  }
+}
+
 // Every string id the program asks for by a literal: in a Res or
 // LoadResString call, through a named constant or list of ids, or in a table
 // of rows whose id fields a call reads.
@@ -339,6 +362,7 @@ IdUses idsUsedInCode() {
   IdUses ids;
   QSet<QString> memberNames;
   for (const Source& s : programSources()) {
+    addLoopRanges(s, ids);
     for (const QString& arg : callArguments(s.code, QStringLiteral("Res|LoadResString"))) {
       for (int id : literalIds(arg)) ids.insert(id, s.path);
       for (const QString& name : idNames(arg)) {
@@ -349,7 +373,7 @@ IdUses idsUsedInCode() {
     }
   }
   addTables(memberNames, ids);
-  ids.removeIf([](auto it) { return it.key() >= 10000; });
+  ids.removeIf([](auto it) { return it.key() >= kIdBlock; });
   return ids;
 }
 
@@ -370,14 +394,13 @@ IdUses errorCodesUsedInCode() {
 
 namespace {
 
-constexpr int kBlock = 10000;
 const char* const kLanguages[] = {"es", "en", "fr", "ca"};
 
 // The languages (of en, fr, ca) in which an id has no text.
 QStringList missingLanguages(int id) {
   QStringList missing;
   for (int lang = 0; lang < 4; ++lang) {
-    if (LoadResString(lang * kBlock + id).isEmpty()) missing << QString::fromLatin1(kLanguages[lang]);
+    if (LoadResString(lang * kIdBlock + id).isEmpty()) missing << QString::fromLatin1(kLanguages[lang]);
   }
   return missing;
 }
@@ -416,6 +439,12 @@ TEST(StringScan, FindsIdsInCallsConstantsListsAndTables) {
   for (const QString& arg : callArguments(code, QStringLiteral("Res|LoadResString"))) ids << literalIds(arg);
   EXPECT_EQ(ids, (QList<int>{57, 58, 433}));
 
+  IdUses ranges;
+  addLoopRanges({QStringLiteral("t.cpp"), QStringLiteral("for (int k = 1; k <= 3; ++k) add(Res(540 + k));\n"
+                                                         "for (int j = 0; j < n; ++j) add(Res(700 + j));")},
+                ranges);
+  EXPECT_EQ(ranges.keys(), (QList<int>{541, 542, 543}));
+
   EXPECT_EQ(idNames(QStringLiteral("k.labelId")), QStringList{QStringLiteral("labelId")});
   EXPECT_EQ(idNames(QStringLiteral("kNames[index]")), QStringList{QStringLiteral("kNames")});
   EXPECT_TRUE(idNames(QStringLiteral("PlotAppearance::roleString(i)")).isEmpty());
@@ -450,7 +479,7 @@ TEST_F(ErrorTexts, EveryErrorCodeUsedInCodeHasItsLinesInAllFourLanguages) {
   ASSERT_FALSE(codes.isEmpty());
   for (auto it = codes.cbegin(); it != codes.cend(); ++it) {
     for (int lang = 0; lang < 4; ++lang) {
-      program().LanguageOffset = lang * kBlock;
+      program().LanguageOffset = lang * kIdBlock;
       const QString text = ErrorText(it.key()).section(QStringLiteral(":  "), 1);
       EXPECT_FALSE(text.isEmpty() || text.split(QLatin1Char('\n')).contains(QString()))
           << "error " << it.key() << " used in " << it.value().toStdString() << " lacks a line in " << kLanguages[lang];
@@ -459,7 +488,7 @@ TEST_F(ErrorTexts, EveryErrorCodeUsedInCodeHasItsLinesInAllFourLanguages) {
 }
 
 TEST(StringTable, EveryRowWithASpanishTextIsTranslated) {
-  for (int id = 0; id < kBlock; ++id) {
+  for (int id = 0; id < kIdBlock; ++id) {
     if (LoadResString(id).isEmpty()) continue;
     EXPECT_TRUE(missingLanguages(id).isEmpty()) << "string " << id << " has no text in "
                                                 << missingLanguages(id).join(QLatin1Char(' ')).toStdString();
@@ -471,12 +500,12 @@ TEST(StringTable, EveryRowWithASpanishTextIsTranslated) {
 TEST(StringTable, NoTranslationIsACopyOfTheSpanishUnlessAllowed) {
   QMap<int, QStringList> allowed;
   for (const Allowed& row : allowedIdentical()) allowed[row.id] << row.languages;
-  for (int id = 0; id < kBlock; ++id) {
+  for (int id = 0; id < kIdBlock; ++id) {
     const QString spanish = LoadResString(id);
     if (spanish.isEmpty()) continue;
     for (int lang = 1; lang < 4; ++lang) {
       const QString language = QString::fromLatin1(kLanguages[lang]);
-      if (LoadResString(lang * kBlock + id) != spanish || allowed.value(id).contains(language)) continue;
+      if (LoadResString(lang * kIdBlock + id) != spanish || allowed.value(id).contains(language)) continue;
       ADD_FAILURE() << "string " << id << " in " << kLanguages[lang] << " is still the Spanish \""
                     << spanish.toStdString() << "\"";
     }
@@ -498,7 +527,7 @@ TEST(StringTable, AllowListRowsAreWellFormedAndStillNeeded) {
     for (const QString& language : row.languages) {
       const int lang = QStringList{QStringLiteral("en"), QStringLiteral("fr"), QStringLiteral("ca")}.indexOf(language) + 1;
       ASSERT_GT(lang, 0) << where << " names no language";
-      EXPECT_EQ(LoadResString(lang * kBlock + row.id), spanish) << where << ": the text differs now, drop it";
+      EXPECT_EQ(LoadResString(lang * kIdBlock + row.id), spanish) << where << ": the text differs now, drop it";
     }
   }
 }
