@@ -512,6 +512,37 @@ TEST(StringTable, NoTranslationIsACopyOfTheSpanishUnlessAllowed) {
   }
 }
 
+// What code relies on in a text: its %1 placeholders, its "&" mnemonic, its
+// line breaks, the "|" of a file filter, and the blank it starts or ends with
+// to sit next to another text.
+QString shapeOf(const QString& text) {
+  static const QRegularExpression placeholder(QStringLiteral(R"(%\d)"));
+  QStringList marks;
+  auto m = placeholder.globalMatch(text);
+  while (m.hasNext()) marks << m.next().captured();
+  marks.sort();
+  QString plain = text;
+  plain.remove(QStringLiteral("&&"));
+  return marks.join(QLatin1Char(',')) + QStringLiteral(" &%1 n%2 |%3 <%4 >%5")
+                                            .arg(plain.count(QLatin1Char('&')))
+                                            .arg(text.count(QLatin1Char('\n')))
+                                            .arg(text.count(QLatin1Char('|')))
+                                            .arg(text.startsWith(QLatin1Char(' ')))
+                                            .arg(text.endsWith(QLatin1Char(' ')));
+}
+
+TEST(StringTable, TranslationsKeepPlaceholdersMnemonicsBreaksAndEdgeBlanks) {
+  for (int id = 0; id < kIdBlock; ++id) {
+    const QString spanish = LoadResString(id);
+    if (spanish.isEmpty()) continue;
+    for (int lang = 1; lang < 4; ++lang) {
+      const QString text = LoadResString(lang * kIdBlock + id);
+      EXPECT_EQ(shapeOf(text), shapeOf(spanish)) << "string " << id << " in " << kLanguages[lang] << ": \""
+                                                 << text.toStdString() << "\"";
+    }
+  }
+}
+
 TEST(StringTable, AllowListRowsAreWellFormedAndStillNeeded) {
   const QList<Allowed> rows = allowedIdentical();
   ASSERT_FALSE(rows.isEmpty());
