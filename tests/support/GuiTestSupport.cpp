@@ -12,6 +12,7 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTextDocument>
 #include <QToolButton>
 
@@ -25,6 +26,10 @@ ScriptedPresenter& guiMessages() {
 void prepareGuiTest() {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   resetProgram(QLocale(QLocale::English, QLocale::UnitedStates));
+  // Files a window writes (settings, bets, logs) go to a folder of the test
+  // process's own, never to the working folder shared by parallel tests.
+  static QTemporaryDir appFolder;
+  program().AppFolder = rt::Variant(appFolder.path() + QLatin1Char('/'));
   guiMessages().clear();
   setMessagePresenter(&guiMessages());
 }
