@@ -22,6 +22,7 @@
 #include <QVBoxLayout>
 
 #include "chrono/PowerWarningDialog.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/Clock.h"
 #include "shell/LanguageService.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -266,7 +267,7 @@ QWidget* ChronometerWindow::buildAlarm() {
     if (i > 0) time->addWidget(new QLabel(QStringLiteral(":"), frame));
     time->addWidget(t);
   }
-  Command4 = new QPushButton(Res(412), frame);
+  Command4 = new ChameleonButtonWidget(Res(412), frame);
   Command4->setObjectName(QStringLiteral("Command4"));
   connect(Command4, &QPushButton::clicked, this, [this] { act([this] { model_.Command4_Click(); }); });
   time->addSpacing(8);

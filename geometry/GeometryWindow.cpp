@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "geometry/FigureView.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
@@ -145,7 +146,7 @@ QWidget* GeometryWindow::buildButtons() {
   auto* row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
   auto button = [this, row](QPushButton*& b, const char* name, const QString& caption, int tip) {
-    b = new QPushButton(caption, this);
+    b = new ChameleonButtonWidget(caption, this);
     b->setObjectName(QLatin1String(name));
     b->setToolTip(Res(tip));
     row->addWidget(b);
@@ -200,7 +201,7 @@ QGroupBox* GeometryWindow::buildCalculator() {
   Text3->setObjectName(QStringLiteral("Text3"));
   Text3->installEventFilter(this);
   connect(Text3, &QLineEdit::textEdited, this, [this](const QString& text) { model_.Text3 = text; });
-  Command1 = new QPushButton(QStringLiteral("?"), this);
+  Command1 = new ChameleonButtonWidget(QStringLiteral("?"), this);
   Command1->setObjectName(QStringLiteral("Command1"));
   Command1->setToolTip(Res(3504));
   connect(Command1, &QPushButton::clicked, this, [this] { act([&] { model_.Command1_Click(); }); });
