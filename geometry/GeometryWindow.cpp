@@ -12,7 +12,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QToolButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "geometry/FigureView.h"
@@ -83,20 +83,20 @@ QWidget* GeometryWindow::buildTop() {
   auto* top = new QWidget(this);
   auto* row = new QHBoxLayout(top);
   row->setContentsMargins(0, 0, 0, 0);
-  chameleonButton1Back = new QToolButton(this);
+  chameleonButton1Back = new ChameleonButtonWidget(this);
   chameleonButton1Back->setObjectName(QStringLiteral("chameleonButton1Back"));
-  chameleonButton1Back->setArrowType(Qt::LeftArrow);
+  chameleonButton1Back->setIcon(style()->standardIcon(QStyle::SP_ArrowLeft));
   chameleonButton1Back->setShortcut(QKeySequence(Qt::Key_PageUp));
-  chameleonButton1 = new QToolButton(this);
+  chameleonButton1 = new ChameleonButtonWidget(this);
   chameleonButton1->setObjectName(QStringLiteral("chameleonButton1"));
-  chameleonButton1->setArrowType(Qt::RightArrow);
+  chameleonButton1->setIcon(style()->standardIcon(QStyle::SP_ArrowRight));
   chameleonButton1->setShortcut(QKeySequence(Qt::Key_PageDown));
-  for (QToolButton* b : {chameleonButton1Back, chameleonButton1}) b->setToolTip(Res(3502));
+  for (QPushButton* b : {chameleonButton1Back, chameleonButton1}) b->setToolTip(Res(3502));
   chameleonButton1->setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(chameleonButton1Back, &QToolButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(false); }); });
-  connect(chameleonButton1, &QToolButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(true); }); });
+  connect(chameleonButton1Back, &QPushButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(false); }); });
+  connect(chameleonButton1, &QPushButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(true); }); });
   // A right click on the arrow goes back, as on the original button.
-  connect(chameleonButton1, &QToolButton::customContextMenuRequested, this,
+  connect(chameleonButton1, &QPushButton::customContextMenuRequested, this,
           [this] { act([&] { model_.chameleonButton1_Click(false); }); });
   Combo1 = new QComboBox(this);
   Combo1->setObjectName(QStringLiteral("Combo1"));

@@ -116,8 +116,10 @@ class ChameleonButtonWidgetTest : public QObject {
     QTest::keyClick(key, Qt::Key_Return);
     QCOMPARE(keyClicks.count(), 0);
     QVERIFY(key->model().focused());
+    const QImage focused = key->grab().toImage();  // with the dotted rectangle
     key->clearFocus();
     QVERIFY(!key->model().focused());
+    QVERIFY(key->grab().toImage() != focused);
   }
 
   void checkableButtonStaysDownWhileChecked() {
