@@ -156,6 +156,12 @@ void ChameleonButtonWidget::paintEvent(QPaintEvent*) {
     picture = icon().pixmap(iconSize(), devicePixelRatioF(), mode).toImage();
   }
   paintChameleonButton(p, model_, currentForm(), palette(), font(), picture);
+  if (isDefault() && isEnabled()) {
+    // The default button of a dialog wears a dark outer frame, as it always has.
+    p.setPen(QPen(palette().color(QPalette::Shadow), 1));
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+  }
   if (menu() != nullptr) {
     // The menu arrow, in the caption's colour, at the right edge.
     const int x = width() - 12;

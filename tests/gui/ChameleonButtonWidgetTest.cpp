@@ -155,6 +155,10 @@ class ChameleonButtonWidgetTest : public QObject {
 
     button.setIcon(QIcon());
     button.setText(QStringLiteral("a"));
+    const QImage plain = button.grab().toImage();
+    button.setDefault(true);  // framed
+    QVERIFY(button.grab().toImage() != plain);
+    button.setDefault(false);
     setButtonColours(&button, QColor(10, 200, 30), Qt::white);
     QCOMPARE(button.model().coltype, 2);
     QCOMPARE(QColor(button.grab().toImage().pixel(8, 15)), QColor(10, 200, 30));
