@@ -26,6 +26,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ChartWindowRequest.h"
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
@@ -179,7 +180,7 @@ QWidget* BankWindow::buildKeypad() {
   numero->setStyleSheet(QStringLiteral("QLineEdit { background: #d8f0c8; color: #203020; }"));
   g->addWidget(numero, 0, 0, 1, 3);
   auto key = [this](const QString& name, const QString& caption) {
-    auto* b = new QPushButton(caption, this);
+    auto* b = new ChameleonButtonWidget(caption, this);
     b->setObjectName(name);
     b->setFocusPolicy(Qt::NoFocus);
     b->setMinimumSize(40, 30);
@@ -210,7 +211,7 @@ QWidget* BankWindow::buildButtons() {
   v->setContentsMargins(0, 0, 0, 0);
   v->setSpacing(6);
   auto button = [this, v](const QString& name, const QString& caption, const QString& tooltip) {
-    auto* b = new QPushButton(caption, this);
+    auto* b = new ChameleonButtonWidget(caption, this);
     b->setObjectName(name);
     b->setToolTip(tooltip);
     v->addWidget(b);

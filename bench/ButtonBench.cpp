@@ -3,13 +3,17 @@
 // on the same image in the same run: a filled rectangle, a one-pixel frame
 // and the centred caption. The ratio per look is what to read; a window of
 // 40 buttons repaints all of them on a language change.
+// Then the whole widget as windows hold it: the drawn push button rendered
+// beside a QPushButton painted by the style, same caption and size.
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPushButton>
 
 #include "shell/ChameleonButtonView.h"
+#include "shell/ChameleonButtonWidget.h"
 
 namespace {
 
@@ -19,7 +23,7 @@ void ensureGuiApplication() {
   static char* argv[] = {name, nullptr};
   if (QCoreApplication::instance()) return;
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  new QGuiApplication(argc, argv);  // kept to the end of the process
+  new QApplication(argc, argv);  // kept to the end of the process
 }
 
 void BM_ChameleonPaint(benchmark::State& state) {
@@ -57,5 +61,37 @@ void BM_PlainButtonPaint(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_PlainButtonPaint);
+
+void renderWidget(benchmark::State& state, QPushButton& button) {
+  button.resize(120, 40);
+  QImage img(120, 40, QImage::Format_ARGB32_Premultiplied);
+  for (auto _ : state) {
+    button.render(&img);
+    benchmark::DoNotOptimize(img.constBits());
+  }
+}
+
+// Widgets need a QApplication; another bench may have made a lesser one
+// first (run with --benchmark_filter=Button to get these).
+bool widgetsAvailable(benchmark::State& state) {
+  ensureGuiApplication();
+  if (qobject_cast<QApplication*>(QCoreApplication::instance())) return true;
+  state.SkipWithError("no QApplication in this run");
+  return false;
+}
+
+void BM_DrawnPushButtonRender(benchmark::State& state) {
+  if (!widgetsAvailable(state)) return;
+  ChameleonButtonWidget button(QStringLiteral("Aceptar"));
+  renderWidget(state, button);
+}
+BENCHMARK(BM_DrawnPushButtonRender);
+
+void BM_StylePushButtonRender(benchmark::State& state) {
+  if (!widgetsAvailable(state)) return;
+  QPushButton button(QStringLiteral("Aceptar"));
+  renderWidget(state, button);
+}
+BENCHMARK(BM_StylePushButtonRender);
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "calc/CalculatorWindow.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
 
@@ -35,7 +36,7 @@ QWidget* CalculatorWindow::buildProgramsPage() {
   }
   auto* tools = new QVBoxLayout;  // one tool a row: their names are long
   auto tool = [page, tools](const char* name, int captionId, WindowId id) {
-    auto* b = new QPushButton(Res(captionId), page);
+    auto* b = new ChameleonButtonWidget(Res(captionId), page);
     b->setObjectName(QString::fromLatin1(name));
     b->setToolTip(Res(captionId));
     b->setFocusPolicy(Qt::NoFocus);

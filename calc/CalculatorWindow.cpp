@@ -27,6 +27,7 @@
 
 #include "calc/CalculatorKeypad.h"
 #include "calc/CalculatorMenus.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ChartWindowRequest.h"
 #include "calc/HistoryListView.h"
 #include "calc/NumberToolsView.h"
@@ -256,7 +257,7 @@ QWidget* CalculatorWindow::buildDisplay() {
   // The register keys, the history panel key and the large display's key.
   formats->addWidget(new QLabel(Res(4795), this));
   formats->addWidget(buildKeyGrid(KeypadPanel::Registers, this));
-  chameleonButton1 = new QPushButton(QStringLiteral("XL"), this);
+  chameleonButton1 = new ChameleonButtonWidget(QStringLiteral("XL"), this);
   chameleonButton1->setObjectName(QStringLiteral("chameleonButton1"));
   chameleonButton1->setToolTip(Res(4789));
   chameleonButton1->setMinimumSize(44, 28);
@@ -292,7 +293,7 @@ QWidget* CalculatorWindow::buildKeyGrid(KeypadPanel panel, QWidget* parent) {
   grid->setSpacing(4);
   for (const KeypadKey& k : calculatorKeys()) {
     if (k.panel != panel) continue;
-    auto* b = new QPushButton(keyCaption(k), pad);
+    auto* b = new ChameleonButtonWidget(keyCaption(k), pad);
     b->setObjectName(keyObjectName(k));
     // Seven statistics keys share a row of the side panel.
     const int minWidth = panel == KeypadPanel::Main ? 48 : panel == KeypadPanel::Statistics ? 38 : 44;
@@ -439,7 +440,7 @@ QWidget* CalculatorWindow::buildHistoryPage() {
     afterEvent();
   });
   v->addWidget(Combo1, 1);
-  registros = new QPushButton(Res(4792));
+  registros = new ChameleonButtonWidget(Res(4792));
   registros->setObjectName(QStringLiteral("registros"));
   registros->setToolTip(Res(4786));
   connect(registros, &QPushButton::clicked, this, [this] {
@@ -474,7 +475,7 @@ QWidget* CalculatorWindow::buildViewerPage() {
   List3 = makeList("List3", &CalculatorEngine::List3_DblClick);
   List4 = makeList("List4", &CalculatorEngine::List4_DblClick);
   v->addLayout(lists, 1);
-  imprimeAux = new QPushButton(Res(4792));
+  imprimeAux = new ChameleonButtonWidget(Res(4792));
   imprimeAux->setObjectName(QStringLiteral("imprimeAux"));
   imprimeAux->setToolTip(Res(4787));
   connect(imprimeAux, &QPushButton::clicked, this, [this] {

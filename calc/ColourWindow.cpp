@@ -12,6 +12,7 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/Strings.h"
 
 ColourWindow::ColourWindow(QWidget* parent) : QDialog(parent) {
@@ -34,11 +35,11 @@ ColourWindow::ColourWindow(QWidget* parent) : QDialog(parent) {
     refresh();
   });
   left->addWidget(Check1);
-  dialogo = new QPushButton(QStringLiteral("..."), this);
+  dialogo = new ChameleonButtonWidget(QStringLiteral("..."), this);
   dialogo->setObjectName(QStringLiteral("dialogo"));
   dialogo->setToolTip(Res(4101));
   connect(dialogo, &QPushButton::clicked, this, &ColourWindow::chooseColour);
-  botoncopia = new QPushButton(QStringLiteral("R1-R4"), this);
+  botoncopia = new ChameleonButtonWidget(QStringLiteral("R1-R4"), this);
   botoncopia->setObjectName(QStringLiteral("botoncopia"));
   botoncopia->setToolTip(Res(4102));
   connect(botoncopia, &QPushButton::clicked, this, [this] { model_.botoncopia_Click(); });

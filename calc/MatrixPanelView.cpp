@@ -13,13 +13,14 @@
 #include <QVBoxLayout>
 
 #include "calc/CalculatorEngine.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/MessageService.h"
 #include "shell/Strings.h"
 
 namespace {
 
 QPushButton* smallKey(const QString& name, const QString& caption, int tooltipId, QWidget* parent) {
-  auto* b = new QPushButton(caption, parent);
+  auto* b = new ChameleonButtonWidget(caption, parent);
   b->setObjectName(name);
   if (tooltipId) b->setToolTip(Res(tooltipId));
   b->setMinimumHeight(26);

@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/Strings.h"
 #include "shell/runtime/NumberText.h"
 
@@ -132,13 +133,11 @@ QWidget* ResistorWindow::buildColourKeys() {
   auto* grid = new QGridLayout(keys);
   grid->setContentsMargins(0, 0, 0, 0);
   for (int i = 0; i < kColourCount; ++i) {
-    auto* b = new QPushButton(Res(4347 + i), keys);
+    auto* b = new ChameleonButtonWidget(Res(4347 + i), keys);
     b->setObjectName(QStringLiteral("Command86(%1)").arg(i));
     b->setFocusPolicy(Qt::TabFocus);
     const QColor c = paintColour(i);
-    const QString text = c.lightness() < 110 ? QStringLiteral("white") : QStringLiteral("black");
-    b->setStyleSheet(QStringLiteral("QPushButton { background: %1; color: %2; border: 1px solid #666; padding: 4px; }")
-                         .arg(c.name(), text));
+    b->setColours(c, c.lightness() < 110 ? Qt::white : Qt::black);
     connect(b, &QPushButton::clicked, this, [this, i] {
       model_.Command86_Click(i);
       refresh();
@@ -154,7 +153,7 @@ QWidget* ResistorWindow::buildResults() {
   auto* grid = new QGridLayout(box);
   grid->setContentsMargins(0, 0, 0, 0);
   // The normal way: the bands read.
-  Command87 = new QPushButton(Res(4367), box);
+  Command87 = new ChameleonButtonWidget(Res(4367), box);
   Command87->setObjectName(QStringLiteral("Command87"));
   connect(Command87, &QPushButton::clicked, this, [this] {
     model_.Command87_Click();
@@ -174,7 +173,7 @@ QWidget* ResistorWindow::buildResults() {
   Text9 = new QLineEdit(box);
   Text9->setObjectName(QStringLiteral("Text9"));
   connect(Text9, &QLineEdit::textEdited, this, [this](const QString& t) { model_.Text9 = t; });
-  Command97 = new QPushButton(Res(4368), box);
+  Command97 = new ChameleonButtonWidget(Res(4368), box);
   Command97->setObjectName(QStringLiteral("Command97"));
   Command97->setToolTip(Res(4369));
   connect(Command97, &QPushButton::clicked, this, [this] {
@@ -199,9 +198,9 @@ QWidget* ResistorWindow::buildResults() {
   grid->addWidget(Combo3, 4, 1);
   // The kind of part: carbon (two digits) or metal film (three).
   auto* kinds = new QHBoxLayout;
-  auto* carbon = new QPushButton(Res(4370), box);
+  auto* carbon = new ChameleonButtonWidget(Res(4370), box);
   carbon->setObjectName(QStringLiteral("Option2(0)"));
-  auto* metal = new QPushButton(Res(4371) + QStringLiteral(", ") + Res(4372), box);
+  auto* metal = new ChameleonButtonWidget(Res(4371) + QStringLiteral(", ") + Res(4372), box);
   metal->setObjectName(QStringLiteral("Option2(1)"));
   connect(carbon, &QPushButton::clicked, this, [this] {
     model_.Option1_Click(1);
@@ -214,13 +213,13 @@ QWidget* ResistorWindow::buildResults() {
   kinds->addWidget(carbon);
   kinds->addWidget(metal);
   kinds->addStretch(1);
-  Command89 = new QPushButton(QStringLiteral("Reset"), box);
+  Command89 = new ChameleonButtonWidget(QStringLiteral("Reset"), box);
   Command89->setObjectName(QStringLiteral("Command89"));
   connect(Command89, &QPushButton::clicked, this, [this] {
     model_.Command89_Click();
     refresh();
   });
-  Image7 = new QPushButton(Res(55), box);
+  Image7 = new ChameleonButtonWidget(Res(55), box);
   Image7->setObjectName(QStringLiteral("Image7"));
   Image7->setToolTip(Res(4423));
   connect(Image7, &QPushButton::clicked, this, [this] { model_.Image7_Click(); });

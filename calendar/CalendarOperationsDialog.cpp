@@ -10,6 +10,7 @@
 #include <QSpinBox>
 
 #include "calendar/DateInfo.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/Strings.h"
 #include "shell/runtime/DateTime.h"
 #include "shell/runtime/RuntimeError.h"
@@ -40,9 +41,9 @@ CalendarOperationsDialog::CalendarOperationsDialog(double first, QWidget* parent
   unit = new QComboBox(this);
   unit->setObjectName(QStringLiteral("unit"));
   for (int id = 3762; id <= 3765; ++id) unit->addItem(Res(id));
-  auto* difference = new QPushButton(Res(343), this);
+  auto* difference = new ChameleonButtonWidget(Res(343), this);
   difference->setObjectName(QStringLiteral("Calcular"));
-  auto* add = new QPushButton(Res(342), this);
+  auto* add = new ChameleonButtonWidget(Res(342), this);
   add->setObjectName(QStringLiteral("Incremento"));
   result = new QPlainTextEdit(this);
   result->setObjectName(QStringLiteral("result"));

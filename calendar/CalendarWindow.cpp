@@ -23,6 +23,7 @@
 #include "calendar/CalendarOperationsDialog.h"
 #include "calendar/CalendarPrint.h"
 #include "calendar/DateInfo.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
@@ -82,8 +83,8 @@ CalendarWindow::CalendarWindow(QWidget* parent)
   // Month grid with its navigation.
   auto* left = new QVBoxLayout;
   auto* nav = new QHBoxLayout;
-  auto* prev = new QPushButton(QStringLiteral("<"), central);
-  auto* next = new QPushButton(QStringLiteral(">"), central);
+  auto* prev = new ChameleonButtonWidget(QStringLiteral("<"), central);
+  auto* next = new ChameleonButtonWidget(QStringLiteral(">"), central);
   prev->setObjectName(QStringLiteral("PrevMonth"));
   next->setObjectName(QStringLiteral("NextMonth"));
   prev->setFixedWidth(32);

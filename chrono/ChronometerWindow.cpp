@@ -18,10 +18,10 @@
 #include <QPainterPath>
 #include <QPushButton>
 #include <QShortcut>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "chrono/PowerWarningDialog.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/Clock.h"
 #include "shell/LanguageService.h"
 #include "shell/ExtendedDisplayWindow.h"
@@ -229,14 +229,14 @@ QWidget* ChronometerWindow::buildButtons() {
   const Glyph glyphs[] = {Glyph::Start, Glyph::Stop, Glyph::Pause, Glyph::Zero, Glyph::List};
   row->addStretch();
   for (int i = 0; i < 5; ++i) {
-    auto* b = new QToolButton(box);
+    auto* b = new ChameleonButtonWidget(box);
     b->setObjectName(QStringLiteral("crono1_%1").arg(i));
     b->setIcon(glyphIcon(glyphs[i]));
     b->setIconSize(QSize(32, 32));
     b->setMinimumSize(64, 48);
     b->setToolTip(Res(433 + i));
     b->setAccessibleName(Res(433 + i));
-    connect(b, &QToolButton::clicked, this, [this, i] { act([&] { model_.crono1_Click(i); }); });
+    connect(b, &QPushButton::clicked, this, [this, i] { act([&] { model_.crono1_Click(i); }); });
     crono1[static_cast<size_t>(i)] = b;
     row->addWidget(b);
   }
@@ -266,7 +266,7 @@ QWidget* ChronometerWindow::buildAlarm() {
     if (i > 0) time->addWidget(new QLabel(QStringLiteral(":"), frame));
     time->addWidget(t);
   }
-  Command4 = new QPushButton(Res(412), frame);
+  Command4 = new ChameleonButtonWidget(Res(412), frame);
   Command4->setObjectName(QStringLiteral("Command4"));
   connect(Command4, &QPushButton::clicked, this, [this] { act([this] { model_.Command4_Click(); }); });
   time->addSpacing(8);

@@ -21,7 +21,6 @@ class QLineEdit;
 class QListWidget;
 class QMenu;
 class QPushButton;
-class QToolButton;
 
 class ChronometerWindow : public QMainWindow {
   Q_OBJECT
@@ -68,7 +67,7 @@ class ChronometerWindow : public QMainWindow {
   QLabel* Label15 = nullptr;
   QLabel* Label18 = nullptr;
   QLabel* Image3 = nullptr;
-  std::array<QToolButton*, 5> crono1{};
+  std::array<QPushButton*, 5> crono1{};
   QListWidget* List1 = nullptr;
   std::array<QLineEdit*, 3> Text1{};
   QLineEdit* Text2 = nullptr;

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ExtendedDisplayWindow.h"
 #include "shell/Strings.h"
 
@@ -28,7 +29,7 @@ PowerWarningDialog::PowerWarningDialog(QWidget* parent) : QDialog(parent) {
   footer_ = new QLabel(this);
   footer_->setObjectName(QStringLiteral("footer"));
   footer_->setWordWrap(true);
-  cancel_ = new QPushButton(Res(54), this);
+  cancel_ = new ChameleonButtonWidget(Res(54), this);
   cancel_->setObjectName(QStringLiteral("cancel"));
   connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
   // The button, Escape and the title bar all reject the dialog.

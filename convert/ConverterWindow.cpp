@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
@@ -138,7 +139,7 @@ QWidget* ConverterWindow::buildUnitButtons() {
     for (const UnitRow& r : t.rows) width = std::max(width, metrics.horizontalAdvance(r.caption));
   }
   for (int i = 0; i < kUnitButtons; ++i) {
-    auto* b = new QPushButton(box);
+    auto* b = new ChameleonButtonWidget(box);
     b->setObjectName(QStringLiteral("Command1_%1").arg(i));
     b->setFocusPolicy(Qt::TabFocus);
     b->setMinimumWidth(width + 16);
@@ -151,7 +152,7 @@ QWidget* ConverterWindow::buildUnitButtons() {
 }
 
 QPushButton* ConverterWindow::toolButton(const QString& name, const QString& caption, int tooltipId) {
-  auto* b = new QPushButton(caption, this);
+  auto* b = new ChameleonButtonWidget(caption, this);
   b->setObjectName(name);
   if (tooltipId) b->setToolTip(Res(tooltipId));
   return b;
@@ -287,10 +288,9 @@ void ConverterWindow::refresh() {
     // The caption is the whole name; the tooltip repeats the long ones.
     b->setToolTip(caption.trimmed().size() > 24 ? caption.trimmed() : QString());
     b->setEnabled(!caption.isEmpty());
-    b->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; border: 1px solid #8090A0; "
-                                    "border-radius: 2px; padding: 1px 4px; text-align: left; color: black; }"
-                                    "QPushButton:disabled { background-color: #E8E8E8; border-color: #C8C8C8; }")
-                         .arg(colourName(model_.Command1Colour[static_cast<size_t>(i)])));
+    const QColor face(caption.isEmpty() ? QStringLiteral("#E8E8E8")
+                                        : colourName(model_.Command1Colour[static_cast<size_t>(i)]));
+    setButtonColours(b, face, Qt::black);
   }
   Label12[0]->setText(model_.Label12[0]);
   Label12[1]->setText(model_.Label12[1]);

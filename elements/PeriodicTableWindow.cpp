@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "elements/ElementPictureView.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
 
@@ -221,7 +222,7 @@ QWidget* PeriodicTableWindow::buildSheet() {
   Image2->setObjectName(QStringLiteral("Image2"));
   Image3 = new ElementPictureView(ElementPictureView::Kind::CrystalPicture, box);
   Image3->setObjectName(QStringLiteral("Image3"));
-  Command4 = new QPushButton(box);
+  Command4 = new ChameleonButtonWidget(box);
   Command4->setObjectName(QStringLiteral("Command4"));
   connect(Command4, &QPushButton::clicked, this, [this] { table_.Command4_Click(); });
   hint_ = new QLabel(box);
@@ -311,11 +312,11 @@ QWidget* PeriodicTableWindow::buildBuilder() {
     });
     h->addWidget(b);
   }
-  Command123 = new QPushButton(builder_);
+  Command123 = new ChameleonButtonWidget(builder_);
   Command123->setObjectName(QStringLiteral("Command123"));
-  Command112 = new QPushButton(builder_);
+  Command112 = new ChameleonButtonWidget(builder_);
   Command112->setObjectName(QStringLiteral("Command112"));
-  Command124 = new QPushButton(builder_);
+  Command124 = new ChameleonButtonWidget(builder_);
   Command124->setObjectName(QStringLiteral("Command124"));
   connect(Command123, &QPushButton::clicked, this, [this] {
     table_.Command123_Click();

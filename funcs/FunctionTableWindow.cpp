@@ -33,6 +33,7 @@
 
 #include "funcs/FunctionGridView.h"
 #include "funcs/TableCsvDialog.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
@@ -149,7 +150,7 @@ void FunctionTableWindow::buildInputs(QHBoxLayout* row) {
   chkVariables->setObjectName(QStringLiteral("chkVariables"));
   chkVariables->setToolTip(Res(1438));
   txtVariables = addBox(QStringLiteral("txtVariables"), 1446);
-  Command1 = new QPushButton(QStringLiteral("F(x) \u21C4 G(x)"), this);
+  Command1 = new ChameleonButtonWidget(QStringLiteral("F(x) \u21C4 G(x)"), this);
   Command1->setObjectName(QStringLiteral("Command1"));
   Command1->setToolTip(Res(1439));
   g->addWidget(fLabel, 0, 0);
@@ -223,7 +224,7 @@ QWidget* FunctionTableWindow::buildButtons() {
   g->setContentsMargins(0, 0, 0, 0);
   g->setSpacing(6);
   auto button = [this](const QString& name, const QString& caption, int tooltipId) {
-    auto* b = new QPushButton(caption, this);
+    auto* b = new ChameleonButtonWidget(caption, this);
     b->setObjectName(name);
     b->setToolTip(Res(tooltipId));
     return b;

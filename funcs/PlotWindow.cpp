@@ -29,6 +29,7 @@
 #include "funcs/PlotExtrasView.h"
 #include "funcs/PlotPainterView.h"
 #include "funcs/PlotPictureView.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
@@ -215,7 +216,7 @@ void PlotWindow::buildIntegralPanel() {
     Text5[static_cast<size_t>(i)] = box;
   }
   auto button = [this, layout](const char* name, const QString& caption, int tip, int col, auto handler) {
-    auto* b = new QPushButton(caption, Picture5);
+    auto* b = new ChameleonButtonWidget(caption, Picture5);
     b->setObjectName(QLatin1String(name));
     if (tip) b->setToolTip(Res(tip));
     connect(b, &QPushButton::clicked, this, [this, handler] { act(handler); });

@@ -15,6 +15,7 @@
 #include "funcs/FunctionTable.h"
 #include "funcs/FunctionTableWindow.h"
 #include "funcs/PlotWindow.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/MessageService.h"
 #include "shell/Strings.h"
 
@@ -52,7 +53,7 @@ void PlotWindow::buildCurveTools() {
   diff->setCheckable(false);
 
   // The cancel button and its note, in the status bar while a smoothing works.
-  Command1 = new QPushButton(Res(575), this);
+  Command1 = new ChameleonButtonWidget(Res(575), this);
   Command1->setObjectName(QStringLiteral("Command1"));
   cancelNote_ = new QLabel(this);
   cancelNote_->setObjectName(QStringLiteral("cancelNote"));

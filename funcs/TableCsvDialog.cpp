@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "funcs/FunctionTable.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ErrorReport.h"
 #include "shell/MessageService.h"
 #include "shell/ProgramState.h"
@@ -54,7 +55,7 @@ TableCsvDialog::TableCsvDialog(FunctionTable& table, QWidget* parent) : QDialog(
   fileName->setTextInteractionFlags(Qt::TextSelectableByMouse);
   fileName->setMinimumWidth(300);
   grid->addWidget(fileName, 0, 1, 1, 3);
-  auto* browseButton = new QPushButton(Res(1871), this);
+  auto* browseButton = new ChameleonButtonWidget(Res(1871), this);
   browseButton->setObjectName(QStringLiteral("browseButton"));
   connect(browseButton, &QPushButton::clicked, this, &TableCsvDialog::browse);
   grid->addWidget(browseButton, 0, 4);
@@ -65,7 +66,7 @@ TableCsvDialog::TableCsvDialog(FunctionTable& table, QWidget* parent) : QDialog(
   decimalCombo = new QComboBox(this);
   decimalCombo->setObjectName(QStringLiteral("decimalCombo"));
   decimalCombo->addItems({Res(1881), Res(1882)});
-  auto* autoButton = new QPushButton(Res(1874), this);
+  auto* autoButton = new ChameleonButtonWidget(Res(1874), this);
   autoButton->setObjectName(QStringLiteral("autoButton"));
   connect(autoButton, &QPushButton::clicked, this, &TableCsvDialog::detect);
   grid->addWidget(new QLabel(Res(1872), this), 1, 0);

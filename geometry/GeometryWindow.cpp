@@ -12,10 +12,11 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QToolButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "geometry/FigureView.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
@@ -82,20 +83,20 @@ QWidget* GeometryWindow::buildTop() {
   auto* top = new QWidget(this);
   auto* row = new QHBoxLayout(top);
   row->setContentsMargins(0, 0, 0, 0);
-  chameleonButton1Back = new QToolButton(this);
+  chameleonButton1Back = new ChameleonButtonWidget(this);
   chameleonButton1Back->setObjectName(QStringLiteral("chameleonButton1Back"));
-  chameleonButton1Back->setArrowType(Qt::LeftArrow);
+  chameleonButton1Back->setIcon(style()->standardIcon(QStyle::SP_ArrowLeft));
   chameleonButton1Back->setShortcut(QKeySequence(Qt::Key_PageUp));
-  chameleonButton1 = new QToolButton(this);
+  chameleonButton1 = new ChameleonButtonWidget(this);
   chameleonButton1->setObjectName(QStringLiteral("chameleonButton1"));
-  chameleonButton1->setArrowType(Qt::RightArrow);
+  chameleonButton1->setIcon(style()->standardIcon(QStyle::SP_ArrowRight));
   chameleonButton1->setShortcut(QKeySequence(Qt::Key_PageDown));
-  for (QToolButton* b : {chameleonButton1Back, chameleonButton1}) b->setToolTip(Res(3502));
+  for (QPushButton* b : {chameleonButton1Back, chameleonButton1}) b->setToolTip(Res(3502));
   chameleonButton1->setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(chameleonButton1Back, &QToolButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(false); }); });
-  connect(chameleonButton1, &QToolButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(true); }); });
+  connect(chameleonButton1Back, &QPushButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(false); }); });
+  connect(chameleonButton1, &QPushButton::clicked, this, [this] { act([&] { model_.chameleonButton1_Click(true); }); });
   // A right click on the arrow goes back, as on the original button.
-  connect(chameleonButton1, &QToolButton::customContextMenuRequested, this,
+  connect(chameleonButton1, &QPushButton::customContextMenuRequested, this,
           [this] { act([&] { model_.chameleonButton1_Click(false); }); });
   Combo1 = new QComboBox(this);
   Combo1->setObjectName(QStringLiteral("Combo1"));
@@ -145,7 +146,7 @@ QWidget* GeometryWindow::buildButtons() {
   auto* row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
   auto button = [this, row](QPushButton*& b, const char* name, const QString& caption, int tip) {
-    b = new QPushButton(caption, this);
+    b = new ChameleonButtonWidget(caption, this);
     b->setObjectName(QLatin1String(name));
     b->setToolTip(Res(tip));
     row->addWidget(b);
@@ -200,7 +201,7 @@ QGroupBox* GeometryWindow::buildCalculator() {
   Text3->setObjectName(QStringLiteral("Text3"));
   Text3->installEventFilter(this);
   connect(Text3, &QLineEdit::textEdited, this, [this](const QString& text) { model_.Text3 = text; });
-  Command1 = new QPushButton(QStringLiteral("?"), this);
+  Command1 = new ChameleonButtonWidget(QStringLiteral("?"), this);
   Command1->setObjectName(QStringLiteral("Command1"));
   Command1->setToolTip(Res(3504));
   connect(Command1, &QPushButton::clicked, this, [this] { act([&] { model_.Command1_Click(); }); });

@@ -17,7 +17,6 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
-class QToolButton;
 
 class GeometryWindow : public QWidget {
   Q_OBJECT
@@ -47,8 +46,8 @@ class GeometryWindow : public QWidget {
 
   GeometryModel model_;
   bool refreshing_ = false;
-  QToolButton* chameleonButton1Back = nullptr;
-  QToolButton* chameleonButton1 = nullptr;
+  QPushButton* chameleonButton1Back = nullptr;
+  QPushButton* chameleonButton1 = nullptr;
   QComboBox* Combo1 = nullptr;
   QLabel* Label4 = nullptr;
   FigureView* Picture3 = nullptr;

@@ -25,6 +25,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ChartWindowRequest.h"
 #include "shell/MessageService.h"
 #include "shell/Strings.h"
@@ -115,10 +116,11 @@ QWidget* LotteryWindow::buildBoard() {
   auto* grid = new QGridLayout(board);
   grid->setSpacing(3);
   for (int i = 0; i < 49; ++i) {
-    auto* b = new QPushButton(QString::number(i + 1), board);
+    auto* b = new ChameleonButtonWidget(QString::number(i + 1), board);
     b->setObjectName(QStringLiteral("Label10_%1").arg(i));
     b->setFixedSize(44, 34);
     b->setFocusPolicy(Qt::NoFocus);
+    b->model().fontBold = true;
     connect(b, &QPushButton::clicked, this, [this, i] { act([this, i] { model_.Label10_Click(i); }); });
     grid->addWidget(b, i / 7, i % 7);
     Label10[i] = b;
@@ -198,7 +200,7 @@ QWidget* LotteryWindow::buildBoard() {
 
   auto* sizes = new QHBoxLayout;
   for (int i = 0; i < 7; ++i) {
-    auto* b = new QPushButton(QString::number(i + 5), box);
+    auto* b = new ChameleonButtonWidget(QString::number(i + 5), box);
     b->setObjectName(QStringLiteral("Command1_%1").arg(i));
     b->setFixedWidth(40);
     connect(b, &QPushButton::clicked, this, [this, i] { act([this, i] { model_.Command1_Click(i); }); });
@@ -209,7 +211,7 @@ QWidget* LotteryWindow::buildBoard() {
 
   auto* buttons = new QHBoxLayout;
   const auto button = [&](QPushButton*& b, const char* name, int caption) {
-    b = new QPushButton(Res(caption), box);
+    b = new ChameleonButtonWidget(Res(caption), box);
     b->setObjectName(QLatin1String(name));
     buttons->addWidget(b);
   };
@@ -366,8 +368,7 @@ void LotteryWindow::refresh() {
   for (int i = 0; i < 49; ++i) {
     const auto& n = model_.board[i];
     Label10[i]->setEnabled(n.enabled);
-    Label10[i]->setStyleSheet(QStringLiteral("background-color: %1; border: 1px solid #808080; font-weight: bold;")
-                                  .arg(colourName(n.enabled ? n.colour : 0xC0C0C0)));
+    setButtonColours(Label10[i], QColor(colourName(n.enabled ? n.colour : 0xC0C0C0)), Qt::black);
   }
   for (int i = 0; i < 7; ++i) Command1[i]->setEnabled(model_.Command1Enabled[i]);
   Command1[1]->setText(model_.Command1Caption1);

@@ -344,16 +344,19 @@ void drawCaption(QPainter& p, const QRect& r, const QString& text, const Chamele
 }
 
 void drawContent(QPainter& p, const QRect& area, const ChameleonButton& b, Form f, const Shades& s,
-                 const QPalette& pal) {
+                 const QPalette& pal, const QImage& given) {
   const bool hot = f == Form::Hover;
   const QString file = hot && !b.pich.isEmpty() ? b.pich : b.picn;
-  const QImage pic = loadPicture(file, b, pal, b.ngrey && !hot);
+  QImage pic = loadPicture(file, b, pal, b.ngrey && !hot);
+  if (pic.isNull()) pic = given;
   QRect text = area;
   if (!pic.isNull()) {
-    const QSize ps = pic.size().scaled(area.size().boundedTo(pic.size()), Qt::KeepAspectRatio);
+    const QSize own = pic.deviceIndependentSize().toSize();
+    const QSize ps = own.scaled(area.size().boundedTo(own), Qt::KeepAspectRatio);
     QRect pr(QPoint(0, 0), ps);
     const int gap = 4;
-    switch (b.picpos) {
+    // A picture alone sits in the middle wherever picpos puts it.
+    switch (b.caption.isEmpty() ? 4 : b.picpos) {
       case 1:
         pr.moveCenter(area.center());
         pr.moveRight(area.right() - gap);
@@ -408,7 +411,7 @@ void paintChameleonButton(QPainter& p, const ChameleonButton& b, const QPalette&
 }
 
 void paintChameleonButton(QPainter& p, const ChameleonButton& b, Form form, const QPalette& pal,
-                          const QFont& containerFont) {
+                          const QFont& containerFont, const QImage& picture) {
   if (!b.enabled) form = Form::Up;
   const QRect r(0, 0, b.width(), b.height());
   if (r.width() < 2 || r.height() < 2) return;
@@ -428,7 +431,7 @@ void paintChameleonButton(QPainter& p, const ChameleonButton& b, Form form, cons
   if (b.btype == 4 && form == Form::Down) text = Qt::white;
   Shades ts = s;
   ts.text = text;
-  drawContent(p, content, b, form, ts, pal);
+  drawContent(p, content, b, form, ts, pal, picture);
 
   if (b.focused() && b.focusr && b.enabled) {
     QPen pen(s.text, 1, Qt::DotLine);

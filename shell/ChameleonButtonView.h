@@ -18,9 +18,10 @@ QColor chameleonColour(std::uint32_t stored, const QPalette& palette);
 // Paints the button's current form over (0, 0, width, height).
 void paintChameleonButton(QPainter& painter, const ChameleonButton& button, const QPalette& palette,
                           const QFont& containerFont);
-// The same in a given form, whatever the model last drew.
+// The same in a given form, whatever the model last drew; picture stands in
+// for the button's picture files when they are empty (a widget's icon).
 void paintChameleonButton(QPainter& painter, const ChameleonButton& button, ChameleonButton::Form form,
-                          const QPalette& palette, const QFont& containerFont);
+                          const QPalette& palette, const QFont& containerFont, const QImage& picture = QImage());
 
 // The button as drawn now, width x height at the given pixel ratio.
 QImage renderChameleonButton(const ChameleonButton& button, const QPalette& palette, const QFont& containerFont,

@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QPolygon>
 
 #include "shell/ChameleonButtonView.h"
 
@@ -54,7 +55,7 @@ Qt::CursorShape cursorFor(int mptr) {
 
 }  // namespace
 
-ChameleonButtonWidget::ChameleonButtonWidget(QWidget* parent) : QWidget(parent) {
+ChameleonButtonWidget::ChameleonButtonWidget(QWidget* parent) : QPushButton(parent) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover, false);
@@ -66,7 +67,13 @@ ChameleonButtonWidget::ChameleonButtonWidget(QWidget* parent) : QWidget(parent) 
 
 ChameleonButtonWidget::ChameleonButtonWidget(const QString& caption, QWidget* parent)
     : ChameleonButtonWidget(parent) {
-  model_.caption = caption;
+  setText(caption);
+}
+
+ChameleonButtonWidget::ChameleonButtonWidget(const QIcon& icon, const QString& caption, QWidget* parent)
+    : ChameleonButtonWidget(parent) {
+  setIcon(icon);
+  setText(caption);
 }
 
 void ChameleonButtonWidget::connectModel() {
@@ -85,12 +92,8 @@ void ChameleonButtonWidget::connectModel() {
   };
   model_.onEvent = [this](const ChameleonButton::Raised& r) {
     Q_EMIT raised(static_cast<int>(r.event));
-    switch (r.event) {
-      case ChameleonButton::Event::Click: Q_EMIT clicked(); break;
-      case ChameleonButton::Event::MouseEnter: Q_EMIT mouseEntered(); break;
-      case ChameleonButton::Event::MouseLeave: Q_EMIT mouseLeft(); break;
-      default: break;
-    }
+    if (r.event == ChameleonButton::Event::MouseEnter) Q_EMIT mouseEntered();
+    if (r.event == ChameleonButton::Event::MouseLeave) Q_EMIT mouseLeft();
   };
 }
 
@@ -106,84 +109,144 @@ void ChameleonButtonWidget::updatePointer() {
   }
 }
 
-void ChameleonButtonWidget::setText(const QString& caption) {
-  model_.setProperty(QStringLiteral("TX"), caption);
-  updateGeometry();
+void ChameleonButtonWidget::syncModel() {
+  model_.caption = text();
+  model_.check = isCheckable();
+  model_.value = isChecked();
+  if (model_.width() != width() || model_.height() != height()) model_.Resize(width(), height());
 }
 
 void ChameleonButtonWidget::setLook(int btype) { model_.setProperty(QStringLiteral("BTYPE"), QString::number(btype)); }
 
-void ChameleonButtonWidget::setChecked(bool on) {
-  model_.setProperty(QStringLiteral("VALUE"), on ? QStringLiteral("True") : QStringLiteral("False"));
+void ChameleonButtonWidget::setColours(const QColor& face, const QColor& text) {
+  const auto stored = [](const QColor& c) {
+    return static_cast<std::uint32_t>(c.red()) | static_cast<std::uint32_t>(c.green()) << 8 |
+           static_cast<std::uint32_t>(c.blue()) << 16;
+  };
+  model_.bcol = model_.bcolo = stored(face);
+  model_.fcol = model_.fcolo = stored(text);
+  model_.setProperty(QStringLiteral("COLTYPE"), QStringLiteral("2"));
+}
+
+ChameleonButton::Form ChameleonButtonWidget::currentForm() const {
+  if (isDown() || (isCheckable() && isChecked())) return ChameleonButton::Form::Down;
+  return model_.hovered() ? ChameleonButton::Form::Hover : ChameleonButton::Form::Up;
 }
 
 QSize ChameleonButtonWidget::sizeHint() const {
+  // The style's push button size, never less than the drawn caption needs:
+  // the look's own inset and a pixel for the embossed and shadowed captions.
   const QFontMetrics fm(font());
-  return QSize(std::max(fm.horizontalAdvance(model_.caption) + 24, 75), std::max(fm.height() + 12, 25));
+  QString caption = text();
+  caption.remove(QLatin1Char('&'));
+  int content = fm.horizontalAdvance(caption);
+  if (!icon().isNull()) content += iconSize().width() + (caption.isEmpty() ? 0 : 8);
+  if (menu() != nullptr) content += 12;
+  return QPushButton::sizeHint().expandedTo(QSize(content + 14, fm.height() + 8));
 }
 
-QSize ChameleonButtonWidget::minimumSizeHint() const {
-  const QFontMetrics fm(font());
-  return QSize(fm.horizontalAdvance(model_.caption) + 14, fm.height() + 8);
-}
+QSize ChameleonButtonWidget::minimumSizeHint() const { return sizeHint(); }
 
 void ChameleonButtonWidget::paintEvent(QPaintEvent*) {
+  syncModel();
   QPainter p(this);
-  paintChameleonButton(p, model_, palette(), font());
-}
-
-void ChameleonButtonWidget::mouseMoveEvent(QMouseEvent* e) {
-  const QPoint pos = e->position().toPoint();
-  model_.MouseMove(mouseButtons(e->buttons()), shiftState(e->modifiers()), pos.x(), pos.y());
-}
-
-void ChameleonButtonWidget::mousePressEvent(QMouseEvent* e) {
-  const QPoint pos = e->position().toPoint();
-  model_.MouseDown(mouseButtons(e->button()), shiftState(e->modifiers()), pos.x(), pos.y());
-}
-
-void ChameleonButtonWidget::mouseReleaseEvent(QMouseEvent* e) {
-  const QPoint pos = e->position().toPoint();
-  model_.MouseUp(mouseButtons(e->button()), shiftState(e->modifiers()), pos.x(), pos.y());
-}
-
-void ChameleonButtonWidget::keyPressEvent(QKeyEvent* e) {
-  const int key = e->key() == Qt::Key_Space ? ChameleonButton::kKeySpace : e->key();
-  if (!e->isAutoRepeat()) model_.KeyDown(key, shiftState(e->modifiers()));
-  const QString t = e->text();
-  if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) {
-    model_.KeyPress(ChameleonButton::kKeyEnter);
-  } else if (!t.isEmpty() && t.at(0).isPrint()) {
-    model_.KeyPress(t.at(0).unicode());
-  } else {
-    QWidget::keyPressEvent(e);  // Tab, Escape and the rest go on to the window
+  QImage picture;
+  if (!icon().isNull()) {
+    const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
+    picture = icon().pixmap(iconSize(), devicePixelRatioF(), mode).toImage();
+  }
+  paintChameleonButton(p, model_, currentForm(), palette(), font(), picture);
+  if (isDefault() && isEnabled()) {
+    // The default button of a dialog wears a dark outer frame, as it always has.
+    p.setPen(QPen(palette().color(QPalette::Shadow), 1));
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+  }
+  if (menu() != nullptr) {
+    // The menu arrow, in the caption's colour, at the right edge.
+    const int x = width() - 12;
+    const int y = height() / 2 - 1;
+    p.setPen(Qt::NoPen);
+    p.setBrush(chameleonColour(model_.coltype == 1 ? ChameleonButton::kButtonText : model_.fcol, palette()));
+    p.drawPolygon(QPolygon({QPoint(x, y), QPoint(x + 6, y), QPoint(x + 3, y + 3)}));
   }
 }
 
-void ChameleonButtonWidget::keyReleaseEvent(QKeyEvent* e) {
-  if (e->isAutoRepeat()) return;
+void ChameleonButtonWidget::mouseMoveEvent(QMouseEvent* e) {
+  syncModel();
+  const QPoint pos = e->position().toPoint();
+  model_.MouseMove(mouseButtons(e->buttons()), shiftState(e->modifiers()), pos.x(), pos.y());
+  QPushButton::mouseMoveEvent(e);
+}
+
+void ChameleonButtonWidget::mousePressEvent(QMouseEvent* e) {
+  syncModel();
+  const QPoint pos = e->position().toPoint();
+  model_.MouseDown(mouseButtons(e->button()), shiftState(e->modifiers()), pos.x(), pos.y());
+  QPushButton::mousePressEvent(e);
+}
+
+void ChameleonButtonWidget::mouseReleaseEvent(QMouseEvent* e) {
+  syncModel();
+  const QPoint pos = e->position().toPoint();
+  model_.MouseUp(mouseButtons(e->button()), shiftState(e->modifiers()), pos.x(), pos.y());
+  // The click may close the window; nothing of this button is touched after.
+  QPushButton::mouseReleaseEvent(e);
+}
+
+void ChameleonButtonWidget::keyPressEvent(QKeyEvent* e) {
+  syncModel();
   const int key = e->key() == Qt::Key_Space ? ChameleonButton::kKeySpace : e->key();
-  model_.KeyUp(key, shiftState(e->modifiers()));
+  if (!e->isAutoRepeat()) model_.KeyDown(key, shiftState(e->modifiers()));
+  const bool enter = e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter;
+  // Enter clicks only a default or auto-default button, as on any push
+  // button; elsewhere it goes on to the window.
+  if (enter && (autoDefault() || isDefault())) {
+    model_.KeyPress(ChameleonButton::kKeyEnter);
+  } else if (!enter && !e->text().isEmpty() && e->text().at(0).isPrint()) {
+    model_.KeyPress(e->text().at(0).unicode());
+  }
+  QPushButton::keyPressEvent(e);
+}
+
+void ChameleonButtonWidget::keyReleaseEvent(QKeyEvent* e) {
+  syncModel();
+  if (!e->isAutoRepeat()) {
+    const int key = e->key() == Qt::Key_Space ? ChameleonButton::kKeySpace : e->key();
+    model_.KeyUp(key, shiftState(e->modifiers()));
+  }
+  QPushButton::keyReleaseEvent(e);
 }
 
 void ChameleonButtonWidget::focusInEvent(QFocusEvent* e) {
-  QWidget::focusInEvent(e);
+  QPushButton::focusInEvent(e);
   model_.GotFocus();
 }
 
 void ChameleonButtonWidget::focusOutEvent(QFocusEvent* e) {
-  QWidget::focusOutEvent(e);
+  QPushButton::focusOutEvent(e);
   model_.LostFocus();
 }
 
 void ChameleonButtonWidget::resizeEvent(QResizeEvent* e) {
-  QWidget::resizeEvent(e);
+  QPushButton::resizeEvent(e);
   model_.Resize(width(), height());
 }
 
 void ChameleonButtonWidget::changeEvent(QEvent* e) {
-  QWidget::changeEvent(e);
+  QPushButton::changeEvent(e);
   if (e->type() == QEvent::EnabledChange) {
     model_.setProperty(QStringLiteral("ENAB"), isEnabled() ? QStringLiteral("True") : QStringLiteral("False"));
   }
+}
+
+void setButtonColours(QPushButton* button, const QColor& face, const QColor& text) {
+  if (auto* drawn = qobject_cast<ChameleonButtonWidget*>(button)) {
+    drawn->setColours(face, text);
+    return;
+  }
+  QPalette pal = button->palette();
+  pal.setColor(QPalette::Button, face);
+  pal.setColor(QPalette::ButtonText, text);
+  button->setPalette(pal);
 }

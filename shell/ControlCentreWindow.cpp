@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/LanguageService.h"
 #include "shell/AlarmIconWidget.h"
 #include "shell/PictureHolderView.h"
@@ -100,7 +101,7 @@ ControlCentreWindow::ControlCentreWindow(QWidget* parent)
 ControlCentreWindow::~ControlCentreWindow() = default;
 
 QPushButton* ControlCentreWindow::addModuleButton(const QString& name, void (ControlCentre::*handler)()) {
-  auto* b = new QPushButton(this);
+  auto* b = new ChameleonButtonWidget(this);
   b->setObjectName(name);
   b->setMinimumHeight(34);
   connect(b, &QPushButton::clicked, this, [this, handler] {
@@ -174,7 +175,7 @@ void ControlCentreWindow::buildWidgets() {
 
   // Internet: left click opens the web page, any other click its help.
   auto* bottom = new QHBoxLayout;
-  Command7 = new QPushButton(QStringLiteral("www"), this);
+  Command7 = new ChameleonButtonWidget(QStringLiteral("www"), this);
   Command7->setObjectName(QStringLiteral("Command7"));
   Command7->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(Command7, &QPushButton::clicked, this, [this] {
@@ -199,13 +200,13 @@ void ControlCentreWindow::buildWidgets() {
   Combo1->setEditable(true);
   Combo1->setMinimumWidth(160);
   connect(Combo1, &QComboBox::editTextChanged, this, [this](const QString& text) { model_.Combo1 = text; });
-  Command11 = new QPushButton(commandRow_);
+  Command11 = new ChameleonButtonWidget(commandRow_);
   Command11->setObjectName(QStringLiteral("Command11"));
   connect(Command11, &QPushButton::clicked, this, [this] {
     model_.Command11_Click();
     refresh();
   });
-  Command12 = new QPushButton(commandRow_);
+  Command12 = new ChameleonButtonWidget(commandRow_);
   Command12->setObjectName(QStringLiteral("Command12"));
   connect(Command12, &QPushButton::clicked, this, [this] {
     model_.Command12_Click();

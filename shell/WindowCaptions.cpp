@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <array>
 
-#include "shell/ChameleonButtonWidget.h"
 #include "shell/LanguageService.h"
 #include "shell/ProgramState.h"
 #include "shell/Strings.h"
@@ -64,8 +63,6 @@ void translateWidget(QWidget* w, int from, int to) {
     rewrite([l] { return l->text(); }, [l](const QString& t) { l->setText(t); }, from, to);
   } else if (auto* b = qobject_cast<QAbstractButton*>(w)) {
     rewrite([b] { return b->text(); }, [b](const QString& t) { b->setText(t); }, from, to);
-  } else if (auto* c = qobject_cast<ChameleonButtonWidget*>(w)) {
-    rewrite([c] { return c->text(); }, [c](const QString& t) { c->setText(t); }, from, to);
   } else if (auto* g = qobject_cast<QGroupBox*>(w)) {
     rewrite([g] { return g->title(); }, [g](const QString& t) { g->setTitle(t); }, from, to);
   } else if (auto* e = qobject_cast<QLineEdit*>(w)) {

@@ -18,6 +18,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/ProgramState.h"
 #include "shell/Services.h"
 #include "shell/Strings.h"
@@ -71,7 +72,7 @@ CsvToolWindow::CsvToolWindow(QWidget* parent) : QWidget(parent) {
 
   auto* v = new QVBoxLayout(this);
   auto button = [this](const QString& name, const QString& caption, const QString& tip) {
-    auto* b = new QPushButton(caption, this);
+    auto* b = new ChameleonButtonWidget(caption, this);
     b->setObjectName(name);
     b->setToolTip(tip);
     return b;

@@ -9,7 +9,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
-#include <QToolButton>
 
 #include "chrono/ChronometerWindow.h"
 #include "chrono/PowerWarningDialog.h"
@@ -74,7 +73,7 @@ class ChronometerWindowTest : public QObject {
       QVERIFY2(w.findChild<QLabel*>(QLatin1String(name)), name);
     }
     for (const char* name : {"crono1_0", "crono1_1", "crono1_2", "crono1_3", "crono1_4"}) {
-      QVERIFY2(w.findChild<QToolButton*>(QLatin1String(name)), name);
+      QVERIFY2(w.findChild<QPushButton*>(QLatin1String(name)), name);
     }
     for (const char* name : {"Text1_0", "Text1_1", "Text1_2", "Text2"}) {
       QVERIFY2(w.findChild<QLineEdit*>(QLatin1String(name)), name);

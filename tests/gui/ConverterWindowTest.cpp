@@ -13,6 +13,8 @@
 #include <QTest>
 
 #include "convert/ConverterWindow.h"
+#include "shell/ChameleonButtonView.h"
+#include "shell/ChameleonButtonWidget.h"
 #include "shell/PrintDialog.h"
 #include "shell/ProgramState.h"
 #include "shell/Registers.h"
@@ -65,7 +67,9 @@ class ConverterWindowTest : public QObject {
     QTest::mouseClick(unit(w, 6), Qt::LeftButton);
     QCOMPARE(text(w, "Label3"), QStringLiteral("1000"));
     QCOMPARE(text(w, "Label12_0"), QStringLiteral("Kilómetros"));
-    QVERIFY(unit(w, 3)->styleSheet().contains(QStringLiteral("#00ffff")));
+    auto* selected = qobject_cast<ChameleonButtonWidget*>(unit(w, 3));
+    QVERIFY(selected);
+    QCOMPARE(chameleonColour(selected->model().bcol, selected->palette()), QColor(0, 255, 255));
     auto* entry = control<QLineEdit>(w, QStringLiteral("Text2"));
     entry->setFocus();
     QTest::keyClicks(entry, QStringLiteral("2x.5"));

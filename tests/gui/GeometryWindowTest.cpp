@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
-#include <QToolButton>
 
 #include "geometry/FigureView.h"
 #include "geometry/GeometryWindow.h"
@@ -61,10 +60,10 @@ class GeometryWindowTest : public QObject {
   void listAndArrowsWalkTheCatalogue() {
     GeometryWindow w;
     show(w);
-    QTest::mouseClick(control<QToolButton>(w, QStringLiteral("chameleonButton1Back")), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(w, QStringLiteral("chameleonButton1Back")), Qt::LeftButton);
     QCOMPARE(control<QLabel>(w, QStringLiteral("Label4"))->text(), QStringLiteral("Zona Esférica"));
     QCOMPARE(control<QLabel>(w, QStringLiteral("Label1_2"))->text(), QStringLiteral("r1 ="));
-    QTest::mouseClick(control<QToolButton>(w, QStringLiteral("chameleonButton1")), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(w, QStringLiteral("chameleonButton1")), Qt::LeftButton);
     QCOMPARE(program().FigureIndex, 1);
     auto* combo = control<QComboBox>(w, QStringLiteral("Combo1"));
     combo->setCurrentIndex(5);

@@ -108,7 +108,9 @@ void textFits(const QWidget* w, QStringList& problems) {
   if (auto* b = qobject_cast<const QPushButton*>(w)) {
     text = b->text();
     text.remove(QLatin1Char('&'));
-    const int frame = w->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, w);
+    // The drawn button keeps its caption 4 pixels inside each edge.
+    const int frame = w->inherits("ChameleonButtonWidget") ? 4
+                                                            : w->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, w);
     room -= 2 * frame + (b->icon().isNull() ? 0 : b->iconSize().width() + 4);
     rows -= 2 * frame;
   } else if (auto* t = qobject_cast<const QToolButton*>(w)) {
