@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QLineEdit>
+#include <QTimer>
 
 #include "calc/CalculatorModuleMenus.h"
 #include "calc/CalculatorWindow.h"
@@ -76,11 +77,11 @@ void CalculatorWindow::buildModuleMenus() {
 
   QMenu* entertainment = addMenu(nullptr, "entretenimiento", 4801);
   item(entertainment, "internet", 4804, [] { platform().openUrl(program().WebAddress); });
-  item(entertainment, "simuloto", 7, opens(WindowId::Lottery));
+  item(entertainment, "simuloto", 4818, opens(WindowId::Lottery));
 
   QMenu* various = addMenu(nullptr, "variosF", 4802);
   item(various, "cuadernoMat", 4805, helpPage(kMathNotebookTopic));
-  item(various, "geokord1", 3501, opens(WindowId::Geometry));
+  item(various, "geokord1", 4806, opens(WindowId::Geometry));
   item(various, "phonees", 4807, helpPage(kSpainPhonesTopic));
   item(various, "phoneint", 4808, helpPage(kWorldPhonesTopic));
   item(various, "PostalCodes", 4809, helpPage(kPostalCodesTopic));
@@ -123,4 +124,22 @@ void CalculatorWindow::openRequestedWindow() {
   const std::optional<WindowId> id = requestedWindow(engine_.windowRequest);
   engine_.windowRequest.clear();
   if (id) OpenWindow(*id);
+}
+
+QStringList CalculatorWindow::moduleMenuScreenshotStates() const {
+  QStringList states;
+  for (const QMenu* menu : moduleMenus_) states << QStringLiteral("menu-") + menu->objectName();
+  return states;
+}
+
+bool CalculatorWindow::showModuleMenu(const QString& state) {
+  for (QMenu* menu : std::as_const(moduleMenus_)) menu->close();
+  if (!state.startsWith(QLatin1String("menu-"))) return false;
+  QMenu* menu = menus_.value(state.mid(5));
+  if (!menu || !moduleMenus_.contains(menu)) return false;
+  const QRect item = menuBar()->actionGeometry(menu->menuAction());
+  menu->popup(menuBar()->mapToGlobal(item.bottomLeft()));
+  // The tour moves on to other windows: the menu does not stay open over them.
+  QTimer::singleShot(1500, menu, &QMenu::close);
+  return true;
 }

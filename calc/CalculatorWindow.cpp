@@ -154,9 +154,9 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   resize(1160, 560);
   setProperty("screenshotStates", QStringList{QStringLiteral("statistics")} + NumberToolsView::screenshotStates());
-  setProperty("screenshotScreenStates", QStringList{QStringLiteral("ascii")});
-  setProperty("screenshotStates",
-              QStringList{QStringLiteral("statistics"), QStringLiteral("matrices"), QStringLiteral("system")});
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("ascii")} + moduleMenuScreenshotStates());
+  setProperty("screenshotStates", QStringList{QStringLiteral("statistics"), QStringLiteral("matrices"),
+                                              QStringLiteral("system")} + moduleMenuScreenshotStates());
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -569,6 +569,7 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
 }
 
 void CalculatorWindow::showScreenshotState(const QString& state) {
+  if (showModuleMenu(state)) return;
   if (numberTools_->showScreenshotState(state)) return;
   if (state == QLatin1String("matrices") || state == QLatin1String("system")) {
     showMatrixScreenshotState(engine_, state);

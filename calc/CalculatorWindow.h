@@ -80,6 +80,9 @@ class CalculatorWindow : public QMainWindow {
   void buildModuleMenus();
   void applyColours();         // background, display and digits from the settings
   void openRequestedWindow();  // the window a key asked for (Command70, Command71, Command7)
+  // The screenshot tour's states "menu-programas"... : that menu open.
+  QStringList moduleMenuScreenshotStates() const;
+  bool showModuleMenu(const QString& state);
   void showWindowMenu();
   void refreshStatistics();
   QString askFileName(const CalculatorEngine::FileDialogRequest& request);
