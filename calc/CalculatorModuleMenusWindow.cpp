@@ -19,6 +19,7 @@
 #include "shell/Services.h"
 #include "shell/Strings.h"
 #include "shell/WindowRegistry.h"
+#include "shell/WindowServices.h"
 
 namespace {
 
@@ -97,9 +98,12 @@ void CalculatorWindow::buildModuleMenus() {
     addItem(menu, control + QStringLiteral("(0)"), Res(kDefaultColourId), [this, which] {
       restoreCalculatorColour(which);
       applyColours();
+      refreshLargeDisplay();
     });
     addItem(menu, control + QStringLiteral("(1)"), Res(kDefineColourId), [this, which] {
-      if (defineCalculatorColour(which, pickColour)) applyColours();
+      if (!defineCalculatorColour(which, pickColour)) return;
+      applyColours();
+      refreshLargeDisplay();
     });
   }
 
@@ -117,6 +121,12 @@ void CalculatorWindow::applyColours() {
                                 qColour(calculatorColour(CalculatorColour::Text)).name());
   numero->setStyleSheet(QStringLiteral("QLineEdit { %1 padding: 2px 8px; }").arg(look));
   result->setStyleSheet(QStringLiteral("QPlainTextEdit { %1 }").arg(look));
+}
+
+// The large display takes the display's colours too, when it is open.
+void CalculatorWindow::refreshLargeDisplay() {
+  QWidget* display = findWindow(WindowId::ExtendedDisplay);
+  if (display && display->isVisible()) ExtendedDisplayRefresh(this, kExtendedDisplayMargin);
 }
 
 void CalculatorWindow::openRequestedWindow() {

@@ -79,6 +79,7 @@ class CalculatorWindow : public QMainWindow {
   // The module menus on the menu bar (CalculatorModuleMenusWindow.cpp).
   void buildModuleMenus();
   void applyColours();         // background, display and digits from the settings
+  void refreshLargeDisplay();
   void openRequestedWindow();  // the window a key asked for (Command70, Command71, Command7)
   // The screenshot tour's states "menu-programas"... : that menu open.
   QStringList moduleMenuScreenshotStates() const;

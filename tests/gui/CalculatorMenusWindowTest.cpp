@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include "calc/CalculatorWindow.h"
+#include "shell/ExtendedDisplayWindow.h"
 #include "shell/HelpPages.h"
 #include "shell/HelpWindow.h"
 #include "shell/Platform.h"
@@ -158,7 +159,13 @@ class CalculatorMenusWindowTest : public QObject {
   }
 
   void colourItemsRepaintAtOnce() {
+    registerWindowFactory(WindowId::ExtendedDisplay, [] { return new ExtendedDisplayWindow; });
     CalculatorWindow w;
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QTest::mouseClick(w.findChild<QPushButton*>(QStringLiteral("chameleonButton1")), Qt::LeftButton);
+    auto* large = qobject_cast<ExtendedDisplayWindow*>(findWindow(WindowId::ExtendedDisplay));
+    QVERIFY(large && large->isVisible());
     QList<std::uint32_t> answers = {0x0000FF, 0x00FF00, 0xFF0000};
     bool cancel = false;
     w.pickColour = [&](std::uint32_t, const QString&) -> std::optional<std::uint32_t> {
@@ -170,6 +177,7 @@ class CalculatorMenusWindowTest : public QObject {
     QCOMPARE(w.centralWidget()->palette().color(QPalette::Window), QColor(255, 0, 0));
     menuItem(w, QStringLiteral("colorvisor(1)"))->trigger();
     QVERIFY(numero->styleSheet().contains(QStringLiteral("background: #00ff00")));
+    QCOMPARE(large->Text1->palette().color(QPalette::Base), QColor(0, 255, 0));  // the large display follows
     menuItem(w, QStringLiteral("colorfuent1(1)"))->trigger();
     QVERIFY(numero->styleSheet().contains(QStringLiteral("color: #0000ff")));
     QCOMPARE(calculatorColour(CalculatorColour::Text), 0xFF0000u);
@@ -181,6 +189,7 @@ class CalculatorMenusWindowTest : public QObject {
     QCOMPARE(program().BackgroundColour, ProgramState().BackgroundColour);
     QCOMPARE(w.centralWidget()->palette().color(QPalette::Window).red(),
              static_cast<int>(static_cast<std::uint32_t>(ProgramState().BackgroundColour) & 0xFF));
+    delete large;
   }
 
   void moduleKeysOpenTheTablePlotAndConverter() {
