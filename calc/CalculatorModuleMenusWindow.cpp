@@ -25,6 +25,8 @@ namespace {
 
 constexpr int kDefaultColourId = 3378;  // "Color predeterminado"
 constexpr int kDefineColourId = 4813;
+// The help section of the menus and the keys to other modules (that of Command7).
+const int kModuleMenusTopic = CalculatorEngine::helpTopic(7);
 
 QColor qColour(std::uint32_t rgb) {
   return QColor(static_cast<int>(rgb & 0xFF), static_cast<int>((rgb >> 8) & 0xFF), static_cast<int>((rgb >> 16) & 0xFF));
@@ -57,10 +59,13 @@ void CalculatorWindow::buildModuleMenus() {
     if (!parent) moduleMenus_ << menu;
     return menu;
   };
+  // In help-cursor mode an item shows the menus' topic instead of acting.
   const auto addItem = [this](QMenu* menu, const QString& name, const QString& caption, auto action) {
     QAction* item = menu->addAction(caption);
     item->setObjectName(name);
-    connect(item, &QAction::triggered, this, action);
+    connect(item, &QAction::triggered, this, [action] {
+      if (!helpInstead(kModuleMenusTopic)) action();
+    });
   };
   const auto item = [&](QMenu* menu, const char* name, int captionId, auto action) {
     addItem(menu, QString::fromLatin1(name), Res(captionId), action);

@@ -136,6 +136,13 @@ class CalculatorMenusWindowTest : public QObject {
     QCOMPARE(help_.topics, (QList<int>{kMathNotebookTopic, kSpainPhonesTopic, kWorldPhonesTopic, kPostalCodesTopic,
                                        CalculatorEngine::helpTopic(0)}));
     QVERIFY(openedWindows().isEmpty());
+    // With the help cursor an item shows the menus' help topic and does nothing else.
+    help_.topics.clear();
+    setHelpCursor(true);
+    menuItem(w, QStringLiteral("simuloto"))->trigger();
+    QCOMPARE(help_.topics, QList<int>{CalculatorEngine::helpTopic(7)});
+    QVERIFY(!program().helpCursor);
+    QVERIFY(openedWindows().isEmpty());
   }
 
   // Each reference page exists in every language, at its own address.
