@@ -1,7 +1,6 @@
-// The scientific calculator's links to other modules and its three colours:
-// the converter key takes only a number (on "." and "," systems), the other
-// keys name their window, and the colours follow the dialog, come back to
-// their defaults and survive the settings file.
+// The scientific calculator's converter key and its three colours: the key
+// takes only a number (on "." and "," systems), and the colours follow the
+// dialog, come back to their defaults and survive the settings file.
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorModuleMenus.h"
 #include "shell/ErrorReport.h"
@@ -59,16 +58,6 @@ TEST_F(CalculatorModuleMenusTest, ConverterKeyOpensTheConverterOnlyWithANumber) 
       EXPECT_EQ(e.errorCode, 1);
     }
   }
-}
-
-TEST_F(CalculatorModuleMenusTest, TableAndPlotKeysAskForTheirWindows) {
-  CalculatorEngine e;
-  e.numero = QStringLiteral("not a number");  // they do not read the display
-  ASSERT_TRUE(e.click(QStringLiteral("Command70")));
-  EXPECT_EQ(e.windowRequest, QStringLiteral("FunctionTable"));
-  ASSERT_TRUE(e.click(QStringLiteral("Command71")));
-  EXPECT_EQ(e.windowRequest, QStringLiteral("Plot"));
-  EXPECT_TRUE(messages.shown().empty());
 }
 
 TEST_F(CalculatorModuleMenusTest, DefineKeepsTheChosenColourInItsOwnSettingOnly) {
