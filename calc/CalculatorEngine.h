@@ -309,6 +309,13 @@ class CalculatorEngine {
   void Command83_RightClick();      // the list of the functions an expression may use
   // A program key's tooltip: the program's text.
   static QString programTooltip(int index);
+  // ---- Links to other modules (CalculatorModuleMenus.cpp) ---------------------
+  // The module window a key asks the view to open: "FunctionTable" (Command70),
+  // "Plot" (Command71), "UnitConverter" (Command7, which reads numero).
+  QString windowRequest;
+  void Command70_Click();
+  void Command71_Click();
+  void Command7_Click();  // with numero not a number: the message of code 1
 
   // ---- Failure paths ---------------------------------------------------------
   // A key found a bad argument: result shows the code's text, then the clear

@@ -61,6 +61,7 @@ void addMainKeys(QList<KeypadKey>& keys) {
 //   log   10^x   ln     e^x    n!
 //   π     2π     %      °→n    gms
 //   Int   Fix    Frac   red
+//   table(2)     plot(2)       converter     (other modules' windows)
 void addFunctionKeys(QList<KeypadKey>& keys) {
   constexpr auto F = KeypadPanel::Functions;
   const Press trig = [](E& e, int i) { e.Command21_Click(i); };
@@ -87,7 +88,10 @@ void addFunctionKeys(QList<KeypadKey>& keys) {
        << key("Command66", -1, "gms", 4766, F, 4, 4, [](E& e, int) { e.Command66_Click(); })
        << key("Command36", 0, "Int", 4743, F, 5, 0, part, 1, 4229) << key("Command36", 1, "Fix", 4744, F, 5, 1, part, 1, 4230)
        << key("Command36", 2, "Frac", 4745, F, 5, 2, part, 1, 4231)
-       << key("Command67", -1, "red", 4767, F, 5, 3, [](E& e, int) { e.Command67_Click(); });
+       << key("Command67", -1, "red", 4767, F, 5, 3, [](E& e, int) { e.Command67_Click(); })
+       << key("Command70", -1, "x|f(x)", 4815, F, 6, 0, [](E& e, int) { e.Command70_Click(); }, 2)
+       << key("Command71", -1, "\xE2\x88\xBF f(x)", 4816, F, 6, 2, [](E& e, int) { e.Command71_Click(); }, 2)
+       << key("Command7", -1, "\xE2\x87\x84", 4817, F, 6, 4, [](E& e, int) { e.Command7_Click(); });
 }
 
 // The conversion groups: VAT and currencies, temperature, angles, bases.

@@ -49,13 +49,6 @@ namespace {
 
 constexpr int kStateSize = 30;
 
-// Colours of the settings: red in the low byte, held in a float.
-QColor settingColour(float value) {
-  const auto rgb = static_cast<std::uint32_t>(value);
-  return QColor(static_cast<int>(rgb & 0xFF), static_cast<int>((rgb >> 8) & 0xFF),
-                static_cast<int>((rgb >> 16) & 0xFF));
-}
-
 // The key a held stroke means. Shift+1 to Shift+4 arrive as the shifted
 // symbol of the keyboard layout; the key's position tells the digit.
 int heldKeyOf(const QKeyEvent* event) {
@@ -154,18 +147,17 @@ CalculatorWindow::CalculatorWindow(QWidget* parent) : QMainWindow(parent) {
     refreshMemories();
   });
 
-  QPalette pal = central->palette();
-  pal.setColor(QPalette::Window, settingColour(program().BackgroundColour));
   central->setAutoFillBackground(true);
-  central->setPalette(pal);
+  applyColours();
+  buildModuleMenus();
 
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   resize(1160, 560);
   setProperty("screenshotStates", QStringList{QStringLiteral("statistics")} + NumberToolsView::screenshotStates());
-  setProperty("screenshotScreenStates", QStringList{QStringLiteral("ascii")});
-  setProperty("screenshotStates",
-              QStringList{QStringLiteral("statistics"), QStringLiteral("matrices"), QStringLiteral("system")});
+  setProperty("screenshotScreenStates", QStringList{QStringLiteral("ascii")} + moduleMenuScreenshotStates());
+  setProperty("screenshotStates", QStringList{QStringLiteral("statistics"), QStringLiteral("matrices"),
+                                              QStringLiteral("system")} + moduleMenuScreenshotStates());
   refresh();
   if (QPushButton* equals = keyButton(QStringLiteral("Command19"))) equals->setFocus();
 }
@@ -219,10 +211,6 @@ QWidget* CalculatorWindow::buildDisplay() {
   modes->addWidget(Image3);
   v->addLayout(modes);
 
-  const QColor face = settingColour(program().DisplayColour);
-  const QColor ink = settingColour(program().TextColour);
-  const QString look = QStringLiteral("background: %1; color: %2; border: 1px solid #40506a; border-radius: 3px;")
-                           .arg(face.name(), ink.name());
   numero = addField(QStringLiteral("numero"), 4319, 0);
   numero->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   QFont big = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -230,7 +218,6 @@ QWidget* CalculatorWindow::buildDisplay() {
   big.setBold(true);
   numero->setFont(big);
   numero->setMinimumHeight(44);
-  numero->setStyleSheet(QStringLiteral("QLineEdit { %1 padding: 2px 8px; }").arg(look));
   v->addWidget(numero);
 
   result = new QPlainTextEdit(this);
@@ -239,7 +226,6 @@ QWidget* CalculatorWindow::buildDisplay() {
   result->setFocusPolicy(Qt::NoFocus);
   result->setToolTip(Res(4323));
   result->setFixedHeight(result->fontMetrics().lineSpacing() * 3 + 12);
-  result->setStyleSheet(QStringLiteral("QPlainTextEdit { %1 }").arg(look));
   v->addWidget(result);
 
   auto* formats = new QHBoxLayout;
@@ -590,6 +576,7 @@ QWidget* CalculatorWindow::buildStatisticsPage() {
 }
 
 void CalculatorWindow::showScreenshotState(const QString& state) {
+  if (showModuleMenu(state)) return;
   if (numberTools_->showScreenshotState(state)) return;
   if (state == QLatin1String("matrices") || state == QLatin1String("system")) {
     showMatrixScreenshotState(engine_, state);
@@ -763,6 +750,7 @@ void CalculatorWindow::refreshHistory() {
 
 void CalculatorWindow::afterEvent() {
   refresh();
+  openRequestedWindow();
   numberTools_->afterEvent();
   if (!engine_.focusRequest.isEmpty()) {
     if (QPushButton* target = keys_.value(engine_.focusRequest)) target->setFocus();
@@ -798,6 +786,7 @@ void CalculatorWindow::showWindowMenu() {
     QMenu* matrices = matrixPage_->gridMenu();
     matrices->setTitle(Res(4307));
     menu->addMenu(matrices);
+    for (QMenu* module : std::as_const(moduleMenus_)) menu->addMenu(module);
     menus_.insert(QStringLiteral("window"), menu);
   }
   QWidget* anchor = focusWidget() ? focusWidget() : this;

@@ -17,6 +17,7 @@
 
 #include "calc/CalculatorEngine.h"
 #include "calc/CalculatorKeypad.h"
+#include "calc/CalculatorModuleMenus.h"
 
 class EquationsPanelView;
 class HistoryListView;
@@ -48,6 +49,8 @@ class CalculatorWindow : public QMainWindow {
   QPushButton* keyButton(const QString& control, int index = -1) const;
   // A statistics file given on the command line or by the file manager.
   Q_INVOKABLE bool openDocument(const QString& path);
+  // The colour dialog of the opcalc menu (the system's unless a test sets it).
+  ColourPicker pickColour;
 
  public Q_SLOTS:
   // The screenshot tour's extra state: "statistics" shows the panel with data.
@@ -75,6 +78,14 @@ class CalculatorWindow : public QMainWindow {
   QWidget* buildProgramsPage();  // CalculatorProgramsWindow.cpp
   void refreshPrograms();
   QMenu* buildMenu(const char* name, QWidget* parent);
+  // The module menus on the menu bar (CalculatorModuleMenusWindow.cpp).
+  void buildModuleMenus();
+  void applyColours();         // background, display and digits from the settings
+  void refreshLargeDisplay();
+  void openRequestedWindow();  // the window a key asked for (Command70, Command71, Command7)
+  // The screenshot tour's states "menu-programas"... : that menu open.
+  QStringList moduleMenuScreenshotStates() const;
+  bool showModuleMenu(const QString& state);
   void showWindowMenu();
   void refreshStatistics();
   QString askFileName(const CalculatorEngine::FileDialogRequest& request);
@@ -124,7 +135,8 @@ class CalculatorWindow : public QMainWindow {
   QHBoxLayout* gridsRow_ = nullptr;
   std::array<QWidget*, 2> gridColumns_{};
   bool gridsSwappedShown_ = false;
-  QHash<QString, QMenu*> menus_;  // TipoRegresion, MnuClrSTD, ordenaEstad, archivo, grid
+  QHash<QString, QMenu*> menus_;  // TipoRegresion, MnuClrSTD, ordenaEstad, archivo, grid, the module menus
+  QList<QMenu*> moduleMenus_;     // programas, entretenimiento, variosF, opcalc, ayuda
   QLabel* historyPanel_ = nullptr;
   QLabel* currencyPanel_ = nullptr;
   QHash<QString, QPushButton*> keys_;  // by object name

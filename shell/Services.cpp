@@ -19,6 +19,7 @@
 #include "shell/ProgramState.h"
 #include "shell/runtime/RuntimeError.h"
 #include "shell/runtime/SequentialFile.h"
+#include "shell/HelpPages.h"
 #include "shell/Strings.h"
 
 // ---- Context help -----------------------------------------------------------
@@ -48,6 +49,10 @@ bool helpInstead(int topic) {
 
 QString helpPageOfTopic(int topic) {
   if (topic == kFunctionListTopic) return QStringLiteral("funclist");
+  if (topic == kMathNotebookTopic) return QStringLiteral("mat");
+  if (topic == kSpainPhonesTopic) return QStringLiteral("phonees");
+  if (topic == kWorldPhonesTopic) return QStringLiteral("phoneint");
+  if (topic == kPostalCodesTopic) return QStringLiteral("postalcodes");
   static const char* const pages[] = {"shell",    "calc",    "funcs",  "stats",    "convert", "bank",
                                       "elements", "lottery", "chrono", "calendar", "geometry"};
   const int block = topic / 10000 - 1;
