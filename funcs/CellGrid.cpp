@@ -56,6 +56,16 @@ QString CellGrid::get(int row, int col) const {
   return rt::NumberToText(v);
 }
 
+void CellGrid::appendText(int row, int col, QString& out) const {
+  if (row < 0 || row >= rows_ || col < 0 || col >= columnCount()) return;
+  const Column& c = columns_[static_cast<size_t>(col)];
+  if (static_cast<size_t>(row) >= c.cells.size()) return;
+  const double v = c.cells[static_cast<size_t>(row)];
+  if (isTag(v, kEmptyBits)) return;
+  if (isTag(v, kTextBits)) out += c.texts.value(row);
+  else rt::appendNumberText(out, v);
+}
+
 void CellGrid::store(int row, int col, double tagged) {
   Column& c = columns_[static_cast<size_t>(col)];
   const auto r = static_cast<size_t>(row);

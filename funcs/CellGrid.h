@@ -32,6 +32,8 @@ class CellGrid {
 
   // The text of a cell; empty outside the grid.
   QString get(int row, int col) const;
+  // get(row, col) added at the end of out, without a text of its own.
+  void appendText(int row, int col, QString& out) const;
   // A cell outside the grid is left alone.
   void set(int row, int col, const QString& text);
   // Same as set(row, col, rt::NumberToText(value)), without building the text.

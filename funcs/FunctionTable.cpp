@@ -250,7 +250,7 @@ QString FunctionTable::cellsText(int row1, int col1, int row2, int col2) const {
   for (int r = std::min(row1, row2); r <= std::max(row1, row2); ++r) {
     for (int c = std::min(col1, col2); c <= std::max(col1, col2); ++c) {
       if (c != std::min(col1, col2)) text += QLatin1Char('\t');
-      text += TextMatrix(r, c);
+      appendTextMatrix(r, c, text);
     }
     text += QLatin1Char('\n');
   }

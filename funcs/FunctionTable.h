@@ -213,6 +213,8 @@ class FunctionTable {
   // ---- Helpers for readers -------------------------------------------------------------
   // The cell text; the heading is row 0.
   QString TextMatrix(int row, int col) const { return MSFlexGrid1.get(row, col); }
+  // TextMatrix(row, col) added at the end of out: for readers of many cells.
+  void appendTextMatrix(int row, int col, QString& out) const { MSFlexGrid1.appendText(row, col, out); }
   // The cells of a block of the grid (corners in any order) as text a
   // spreadsheet takes: cells joined by tabs, rows ended by line feeds.
   QString cellsText(int row1, int col1, int row2, int col2) const;

@@ -119,13 +119,20 @@ QString TableCsv::write(const FunctionTable& table) const {
   QString out = QStringLiteral("X") + separator + QStringLiteral("F(x)");
   if (withG) out += separator + QStringLiteral("G(x)");
   out += eol;
-  auto cell = [&](int row, int col) {
-    QString t = table.TextMatrix(row, col);
+  QString t;  // one buffer for every cell
+  auto cell = [&](int row, int col) -> const QString& {
+    t.resize(0);  // keeps its room
+    table.appendTextMatrix(row, col, t);
     return t.replace(symbol, QString(decimal));
   };
   for (int row = 1; row <= p.pointCount; ++row) {
-    out += cell(row, FunctionTable::kX) + separator + cell(row, FunctionTable::kF);
-    if (withG) out += separator + cell(row, FunctionTable::kG);
+    out += cell(row, FunctionTable::kX);
+    out += separator;
+    out += cell(row, FunctionTable::kF);
+    if (withG) {
+      out += separator;
+      out += cell(row, FunctionTable::kG);
+    }
     out += eol;
   }
   return out;

@@ -120,6 +120,25 @@ bool roundedBySums(double a, int precision, Scaled& out) {
   for (int tries = 0; tries < 3; ++tries) {
     const int k = precision - 1 - e;
     if (k < -kMaxExactPower || k > kMaxExactPower) return false;
+    {
+      // The common case by one rounded operation: p lies within half an ulp
+      // of the exact a * 10^k, so when p is farther than that from a half
+      // and strictly inside the digit range, p's nearest whole is the exact
+      // value's. Below 2^52 (p < 10^15) that ulp is a power of two from
+      // p's own exponent, and halves are exact doubles.
+      const double scale = kExactPowers[std::abs(k)];
+      const double p = k >= 0 ? a * scale : a / scale;
+      const double m = nearestWhole(p);
+      const double margin = 0.5 - std::fabs(p - m);  // exact: both terms are multiples of p's ulp
+      const double halfUlp =
+          std::bit_cast<double>((std::bit_cast<std::uint64_t>(p) & 0x7FF0'0000'0000'0000ULL) - (53ULL << 52));
+      if (p > bottom && m < top && margin > halfUlp) {
+        out.m = m;
+        out.k = k;
+        out.exponent = e;
+        return true;
+      }
+    }
     if (k >= 0 && shift >= 1 && shift <= 127) {
       // a * 10^k exactly, in whole numbers: mantissa * 10^k (below 2^127)
       // over 2^shift; the quotient rounded half to even by the remainder.
@@ -359,6 +378,12 @@ QString StrSingle(float x) { return numberText(x, 7, u'.', true); }
 QString NumberToText(double x) { return numberText(x, 15, rt::systemConventions().decimal.unicode(), false); }
 
 QString NumberToTextSingle(float x) { return numberText(x, 7, rt::systemConventions().decimal.unicode(), false); }
+
+void appendNumberText(QString& out, double x) {
+  char16_t buf[48];
+  const int n = layoutDigits(rawDigits(x, 15), 15, rt::systemConventions().decimal.unicode(), false, buf);
+  out.append(reinterpret_cast<const QChar*>(buf), n);
+}
 
 namespace {
 

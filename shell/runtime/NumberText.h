@@ -23,6 +23,9 @@ QString Str(double x);
 QString StrSingle(float x);
 QString NumberToText(double x);
 QString NumberToTextSingle(float x);
+// NumberToText(x) added at the end of out, with no text of its own: for
+// readers that write many numbers into one text (copies, files, listings).
+void appendNumberText(QString& out, double x);
 
 double Val(const QString& text);
 double TextToDouble(const QString& text);

@@ -108,6 +108,29 @@ TEST_F(CellGridTest, NumbersFollowTheSystemDecimalSymbol) {
   EXPECT_EQ(grid.get(1, 0), QStringLiteral("2.5"));
 }
 
+// Readers of many cells append them to one text: each cell adds exactly
+// what get gives, on a "," system too, and nothing outside the grid.
+TEST_F(CellGridTest, AppendedCellsAddTheirTextsAsGetGivesThem) {
+  useComma();
+  CellGrid grid(3);
+  grid.setRowCount(3);
+  grid.setNumber(1, 0, -0.1 * 3);
+  grid.setNumber(1, 1, std::numeric_limits<double>::max());  // kept as its text
+  grid.set(1, 2, QStringLiteral("Error"));
+  grid.setTextValue(2, 0, 2.5);
+  grid.set(2, 1, QStringLiteral("0000"));
+  QString out = QStringLiteral(">");
+  QString expected = out;
+  for (int row = -1; row <= 3; ++row) {
+    for (int col = -1; col <= 3; ++col) {
+      grid.appendText(row, col, out);
+      expected += grid.get(row, col);
+    }
+  }
+  EXPECT_EQ(out, expected);
+  EXPECT_TRUE(out.contains(QStringLiteral("-0,3"))) << out.toStdString();
+}
+
 TEST_F(CellGridTest, RowsCutAwayTakeTheirCellsAndTexts) {
   CellGrid grid(3);
   grid.setRowCount(10);
