@@ -89,7 +89,15 @@ rt::Variant Evaluator::evaluate(const Expression& expression) {
   return run(*expression.program_);
 }
 
-double Evaluator::evaluateNumber(const Expression& expression) {
+void Evaluator::rethrowAsEvalError() {
+  try {
+    throw;
+  } catch (const rt::RuntimeError& e) {
+    throw EvalError(e);
+  }
+}
+
+double Evaluator::evaluateNumberSlowly(const Expression& expression) {
   if (!expression.program_) throw EvalError(EvalError::kExpectedExpression);
   const ExprProgram& program = *expression.program_;
   // The caller's handle keeps the program alive: no run guard is needed.
