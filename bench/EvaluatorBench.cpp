@@ -5,6 +5,9 @@
 //   Calvix_Compiled  the plot's way: a compiled formula, x set as a number
 //   Calvix_Eval      Eval(text) again and again, x set as a number
 //   Calvix_TextFeed  the function table's way: AddCode("<vars>: x= " + Str(x)), then Eval
+//   Calvix_FeedText  the texts of the text feed alone ("<vars>: x= " + Str(x)),
+//                    without the engine: TextFeed minus this and Compiled is
+//                    the engine's own share of the feed
 //   MuParser         the same formula in muParser (the reference)
 //   Lambda           the formula written in C++
 // The "ns" counter is the time of one evaluation.
@@ -126,6 +129,22 @@ void BM_Calvix_TextFeed(benchmark::State& state) {
   state.SetLabel(c.formula);
 }
 
+void BM_Calvix_FeedText(benchmark::State& state) {
+  const Case& c = kCases[state.range(0)];
+  const QString head = QString::fromLatin1(c.vars) + QStringLiteral(": ") + QString::fromLatin1(c.variable) +
+                       QStringLiteral("= ");
+  for (auto _ : state) {
+    qsizetype length = 0;
+    for (double x : xs()) {
+      const QString text = head + rt::Str(x);  // built as AddCode gets it
+      length += text.size();
+    }
+    benchmark::DoNotOptimize(length);
+  }
+  perEvaluation(state);
+  state.SetLabel(c.formula);
+}
+
 // The library functions the formulas use, with the same guards, for muParser.
 double muSinf(double x) {
   if (std::fabs(x) > 1e15 || std::fabs(x) < 1e-15) return 0;
@@ -210,6 +229,7 @@ void BM_MuParser_Compile50(benchmark::State& state) {
 BENCHMARK(BM_Calvix_Compiled)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Calvix_Eval)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Calvix_TextFeed)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Calvix_FeedText)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_MuParser)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Lambda)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Calvix_Compile50)->Unit(benchmark::kMicrosecond);

@@ -1,7 +1,6 @@
 #include "funcs/Evaluator.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "funcs/ExprCompiler.h"
 #include "funcs/ExprLexer.h"
@@ -15,6 +14,14 @@ constexpr int kCacheSize = 256;  // compiled formulas kept; beyond, the cache st
 bool isDigit(QChar c) { return c.unicode() >= '0' && c.unicode() <= '9'; }
 bool isBlank(QChar c) { return c == u' ' || c == u'\t'; }
 bool isSeparator(QChar c) { return c == u':' || c == u'\n' || c == u'\r'; }
+
+// The texts of the constants are short: a plain loop beats a library call.
+bool samePrefix(const char16_t* a, const char16_t* b, size_t n) {
+  for (size_t i = 0; i < n; ++i) {
+    if (a[i] != b[i]) return false;
+  }
+  return true;
+}
 
 // Counts the runs in progress, so that compiled programs are not freed under
 // a run (a domain-failure message box runs inside Eval and keeps events going).
@@ -82,7 +89,15 @@ rt::Variant Evaluator::evaluate(const Expression& expression) {
   return run(*expression.program_);
 }
 
-double Evaluator::evaluateNumber(const Expression& expression) {
+void Evaluator::rethrowAsEvalError() {
+  try {
+    throw;
+  } catch (const rt::RuntimeError& e) {
+    throw EvalError(e);
+  }
+}
+
+double Evaluator::evaluateNumberSlowly(const Expression& expression) {
   if (!expression.program_) throw EvalError(EvalError::kExpectedExpression);
   const ExprProgram& program = *expression.program_;
   // The caller's handle keeps the program alive: no run guard is needed.
@@ -148,21 +163,24 @@ bool Evaluator::assignLiterals(const QString& text) {
   // place, are not read again: in a table only the x at the end changes.
   // Where only a number changed, its name is not looked up again either.
   size_t reused = 0;
+  size_t kept = 0;  // length of the start that the new text shares with literalText_
   int i = 0;
   int knownSlot = -1;  // slot of the statement whose number starts at i, when known
   const LiteralAssignment* lastLiteral = literals_.empty() ? nullptr : &literals_.back();
   const auto lastStart = lastLiteral ? static_cast<size_t>(lastLiteral->valueStart) : 0;
   if (lastLiteral && static_cast<size_t>(n) >= lastStart && literalText_.size() >= lastStart &&
-      std::memcmp(t.utf16(), literalText_.data(), lastStart * sizeof(char16_t)) == 0) {
+      samePrefix(t.utf16(), literalText_.data(), lastStart)) {
     // The usual case, everything before the last number unchanged: one
     // block comparison, and only that number is read again.
     reused = literals_.size() - 1;
+    kept = lastStart;
     knownSlot = lastLiteral->slot;
     i = lastLiteral->valueStart;
   } else if (lastLiteral) {
     const size_t m = std::min(static_cast<size_t>(n), literalText_.size());
     const char16_t* a = t.utf16();
     const int common = static_cast<int>(std::mismatch(a, a + m, literalText_.data()).first - a);
+    kept = static_cast<size_t>(common);
     while (reused < literals_.size() && literals_[reused].end < common) ++reused;
     if (common == n && static_cast<size_t>(n) == literalText_.size()) reused = literals_.size();
     if (reused > 0) i = literals_[reused - 1].end;
@@ -230,7 +248,9 @@ bool Evaluator::assignLiterals(const QString& text) {
     literals_.push_back({slot, valueStart, after, type, value});
   }
   for (const LiteralAssignment& a : literals_) symbols_.assignNumber(a.slot, a.value, a.type);
-  literalText_.assign(t.utf16(), t.utf16() + n);
+  // Only what differs from the text kept is copied: usually the last number.
+  literalText_.resize(kept);
+  literalText_.append(t.utf16() + kept, t.utf16() + n);
   return true;
 }
 

@@ -64,7 +64,23 @@ class Evaluator {
   rt::Variant evaluate(const Expression& expression);
   // The value as a 64-bit float (a Boolean is -1 or 0, a text is read as a
   // number), for callers that tabulate or plot.
-  double evaluateNumber(const Expression& expression);
+  // Inline: in a loop the usual run costs the tree's nodes and a few checks.
+  double evaluateNumber(const Expression& expression) {
+    const ExprProgram* p = expression.program_.get();
+    if (p && p->fastRoot && fastPath_ && !p->busy && p->checkedEpoch == symbols_.epoch()) [[likely]] {
+      p->busy = true;  // a run from inside a message box takes the variant machine
+      double value;
+      try {
+        value = p->fastRoot->eval(*p->fastRoot);
+      } catch (...) {
+        p->busy = false;
+        rethrowAsEvalError();
+      }
+      p->busy = false;
+      return value;
+    }
+    return evaluateNumberSlowly(expression);
+  }
 
   // Direct access to variables, for callers that hold numbers, not texts.
   // variableSlot creates the variable (undefined) when it is new; it throws
@@ -83,6 +99,9 @@ class Evaluator {
   void setFastPath(bool on) { fastPath_ = on; }
 
  private:
+  double evaluateNumberSlowly(const Expression& expression);
+  // Within a catch block: throws the failure in flight, a runtime one as EvalError.
+  [[noreturn]] static void rethrowAsEvalError();
   const ExprProgram& programFor(const QString& text);
   rt::Variant run(const ExprProgram& program);
   bool assignLiterals(const QString& text);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "funcs/EvalError.h"
+#include "funcs/ExprMachine.h"
 
 namespace {
 
@@ -482,4 +483,5 @@ void ExprCompiler::bindFastCode() {
     p.fastCode.push_back(f);
   }
   p.fastResult = address(p.result);
+  bindFastTree(p);
 }

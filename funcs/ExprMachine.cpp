@@ -1,6 +1,8 @@
 #include "funcs/ExprMachine.h"
 
+#include <array>
 #include <cmath>
+#include <utility>
 #include <memory>
 
 #include "funcs/EvalError.h"
@@ -93,78 +95,194 @@ double callMany(const FastInstr& i) {
   return reinterpret_cast<FN>(i.function)(*i.library, x.data(), static_cast<int>(i.count));
 }
 
+// One operation of the fast path on its operand values: the rules of both
+// fast machines, in one place. k, function and library are the
+// instruction's; b is unused by the operations of one operand.
+template <FastOp O>
+inline double apply(double k, void (*function)(), FunctionLibrary* library, double a, double b) {
+  using enum FastOp;
+  if constexpr (O == Add) return checked(a + b);
+  else if constexpr (O == Sub) return checked(a - b);
+  else if constexpr (O == Mul) return checked(a * b);
+  else if constexpr (O == Div) return divide(a, b);
+  else if constexpr (O == Pow) return power(a, b);
+  else if constexpr (O == Square) return checked(a * a);
+  else if constexpr (O == AddK) return checked(a + k);
+  else if constexpr (O == SubK) return checked(a - k);
+  else if constexpr (O == KSub) return checked(k - a);
+  else if constexpr (O == MulK) return checked(a * k);
+  else if constexpr (O == DivK) return divide(a, k);
+  else if constexpr (O == KDiv) return divide(k, a);
+  else if constexpr (O == PowK) return power(a, k);
+  else if constexpr (O == IntDiv) return rt::IntDiv(a, b);
+  else if constexpr (O == Mod) return rt::Mod(a, b);
+  else if constexpr (O == Eq) return truth(a == b);
+  else if constexpr (O == Ne) return truth(a != b);
+  else if constexpr (O == Lt) return truth(a < b);
+  else if constexpr (O == Gt) return truth(a > b);
+  else if constexpr (O == Le) return truth(a <= b);
+  else if constexpr (O == Ge) return truth(a >= b);
+  else if constexpr (O == And) return logicalNumber(Op::And, a, b);
+  else if constexpr (O == Or) return logicalNumber(Op::Or, a, b);
+  else if constexpr (O == Xor) return logicalNumber(Op::Xor, a, b);
+  else if constexpr (O == Eqv) return logicalNumber(Op::Eqv, a, b);
+  else if constexpr (O == Imp) return logicalNumber(Op::Imp, a, b);
+  else if constexpr (O == Neg) return -a;
+  else if constexpr (O == Not) return ~rt::CLng(a);
+  else if constexpr (O == Call0) return reinterpret_cast<F0>(function)(*library);
+  else if constexpr (O == Call1) return reinterpret_cast<F1>(function)(*library, a);
+  else if constexpr (O == Call2) return reinterpret_cast<F2>(function)(*library, a, b);
+  // The runtime's Sin, Cos, Tan, Atn, Exp, Log, Sqr and Abs, in place.
+  else if constexpr (O == Sin) return checked(std::sin(a));
+  else if constexpr (O == Cos) return checked(std::cos(a));
+  else if constexpr (O == Tan) return checked(std::tan(a));
+  else if constexpr (O == Atn) return std::atan(a);
+  else if constexpr (O == Exp) return checked(std::exp(a));
+  else if constexpr (O == Log) {
+    if (!(a > 0)) [[unlikely]]
+      rt::raise(rt::kInvalidProcedureCall);
+    return std::log(a);
+  } else if constexpr (O == Sqr) {
+    if (a < 0) [[unlikely]]
+      rt::raise(rt::kInvalidProcedureCall);
+    return std::sqrt(a);
+  } else if constexpr (O == Abs) return std::fabs(a);
+  else return 0;  // CallN runs apart
+}
+
+constexpr int kFastOps = static_cast<int>(FastOp::Abs) + 1;
+
+// How many operands an operation reads: Call0 none, the two-operand
+// operations two, the rest (the ...K forms included) one.
+constexpr int operandCount(FastOp op) {
+  using enum FastOp;
+  if (op == Call0) return 0;
+  if ((op >= Add && op <= Imp && op != Square) || op == Call2) return 2;
+  return 1;
+}
+
+// Where an operand of a tree node comes from.
+enum Source : int { kAddress = 0, kNode = 1 };
+
+template <int S>
+inline double operand(const double* address, const FastNode* node) {
+  if constexpr (S == kNode) return node->eval(*node);
+  else return *address;
+}
+
+// A node: its first operand, then its second (the order of the code), then
+// the operation.
+template <FastOp O, int SA, int SB>
+double runNode(const FastNode& n) {
+  constexpr int count = operandCount(O);
+  double a = 0, b = 0;
+  if constexpr (count >= 1) a = operand<SA>(n.a, n.na);
+  if constexpr (count == 2) b = operand<SB>(n.b, n.nb);
+  return apply<O>(n.k, n.function, n.library, a, b);
+}
+
+double runLeaf(const FastNode& n) { return *n.a; }
+
+using NodeRun = double (*)(const FastNode&);
+
+template <int... I>
+constexpr std::array<NodeRun, kFastOps * 4> nodeRuns(std::integer_sequence<int, I...>) {
+  return {&runNode<static_cast<FastOp>(I / 4), (I % 4) / 2, I % 2>...};
+}
+constexpr auto kNodeRuns = nodeRuns(std::make_integer_sequence<int, kFastOps * 4>());
+
 }  // namespace
 
 double executeFast(const ExprProgram& p) {
   double last = 0;  // the value of the instruction just run
   for (const FastInstr& i : p.fastCode) {
-    auto A = [&] { return (i.fromPrevious & 1) ? last : *i.a; };
-    auto B = [&] { return (i.fromPrevious & 2) ? last : *i.b; };
     double r;
-    switch (i.op) {
-      case FastOp::Add: r = checked(A() + B()); break;
-      case FastOp::Sub: r = checked(A() - B()); break;
-      case FastOp::Mul: r = checked(A() * B()); break;
-      case FastOp::Div: r = divide(A(), B()); break;
-      case FastOp::Pow: r = power(A(), B()); break;
-      case FastOp::Square: {
-        const double a = A();
-        r = checked(a * a);
-        break;
+    if (i.op == FastOp::CallN) {
+      r = callMany(i);
+    } else {
+      const int count = operandCount(i.op);
+      const double a = count >= 1 ? ((i.fromPrevious & 1) ? last : *i.a) : 0.0;
+      const double b = count == 2 ? ((i.fromPrevious & 2) ? last : *i.b) : 0.0;
+#define CALVIX_FAST_CASE(O) \
+  case FastOp::O: r = apply<FastOp::O>(i.k, i.function, i.library, a, b); break;
+      switch (i.op) {
+        CALVIX_FAST_CASE(Add) CALVIX_FAST_CASE(Sub) CALVIX_FAST_CASE(Mul) CALVIX_FAST_CASE(Div)
+        CALVIX_FAST_CASE(Pow) CALVIX_FAST_CASE(Square) CALVIX_FAST_CASE(IntDiv) CALVIX_FAST_CASE(Mod)
+        CALVIX_FAST_CASE(Eq) CALVIX_FAST_CASE(Ne) CALVIX_FAST_CASE(Lt) CALVIX_FAST_CASE(Gt)
+        CALVIX_FAST_CASE(Le) CALVIX_FAST_CASE(Ge) CALVIX_FAST_CASE(And) CALVIX_FAST_CASE(Or)
+        CALVIX_FAST_CASE(Xor) CALVIX_FAST_CASE(Eqv) CALVIX_FAST_CASE(Imp) CALVIX_FAST_CASE(Neg)
+        CALVIX_FAST_CASE(Not) CALVIX_FAST_CASE(Call0) CALVIX_FAST_CASE(Call1) CALVIX_FAST_CASE(Call2)
+        CALVIX_FAST_CASE(AddK) CALVIX_FAST_CASE(SubK) CALVIX_FAST_CASE(KSub) CALVIX_FAST_CASE(MulK)
+        CALVIX_FAST_CASE(DivK) CALVIX_FAST_CASE(KDiv) CALVIX_FAST_CASE(PowK) CALVIX_FAST_CASE(Sin)
+        CALVIX_FAST_CASE(Cos) CALVIX_FAST_CASE(Tan) CALVIX_FAST_CASE(Atn) CALVIX_FAST_CASE(Exp)
+        CALVIX_FAST_CASE(Log) CALVIX_FAST_CASE(Sqr) CALVIX_FAST_CASE(Abs)
+        default: __builtin_unreachable();
       }
-      case FastOp::AddK: r = checked(A() + i.k); break;
-      case FastOp::SubK: r = checked(A() - i.k); break;
-      case FastOp::KSub: r = checked(i.k - A()); break;
-      case FastOp::MulK: r = checked(A() * i.k); break;
-      case FastOp::DivK: r = divide(A(), i.k); break;
-      case FastOp::KDiv: r = divide(i.k, A()); break;
-      case FastOp::PowK: r = power(A(), i.k); break;
-      case FastOp::IntDiv: r = rt::IntDiv(A(), B()); break;
-      case FastOp::Mod: r = rt::Mod(A(), B()); break;
-      case FastOp::Eq: r = truth(A() == B()); break;
-      case FastOp::Ne: r = truth(A() != B()); break;
-      case FastOp::Lt: r = truth(A() < B()); break;
-      case FastOp::Gt: r = truth(A() > B()); break;
-      case FastOp::Le: r = truth(A() <= B()); break;
-      case FastOp::Ge: r = truth(A() >= B()); break;
-      case FastOp::And: r = logicalNumber(Op::And, A(), B()); break;
-      case FastOp::Or: r = logicalNumber(Op::Or, A(), B()); break;
-      case FastOp::Xor: r = logicalNumber(Op::Xor, A(), B()); break;
-      case FastOp::Eqv: r = logicalNumber(Op::Eqv, A(), B()); break;
-      case FastOp::Imp: r = logicalNumber(Op::Imp, A(), B()); break;
-      case FastOp::Neg: r = -A(); break;
-      case FastOp::Not: r = ~rt::CLng(A()); break;
-      case FastOp::Call0: r = reinterpret_cast<F0>(i.function)(*i.library); break;
-      case FastOp::Call1: r = reinterpret_cast<F1>(i.function)(*i.library, A()); break;
-      case FastOp::Call2: r = reinterpret_cast<F2>(i.function)(*i.library, A(), B()); break;
-      case FastOp::CallN: r = callMany(i); break;
-      // The runtime's Sin, Cos, Tan, Atn, Exp, Log, Sqr and Abs, in place.
-      case FastOp::Sin: r = checked(std::sin(A())); break;
-      case FastOp::Cos: r = checked(std::cos(A())); break;
-      case FastOp::Tan: r = checked(std::tan(A())); break;
-      case FastOp::Atn: r = std::atan(A()); break;
-      case FastOp::Exp: r = checked(std::exp(A())); break;
-      case FastOp::Log: {
-        const double a = A();
-        if (!(a > 0)) [[unlikely]]
-          rt::raise(rt::kInvalidProcedureCall);
-        r = std::log(a);
-        break;
-      }
-      case FastOp::Sqr: {
-        const double a = A();
-        if (a < 0) [[unlikely]]
-          rt::raise(rt::kInvalidProcedureCall);
-        r = std::sqrt(a);
-        break;
-      }
-      case FastOp::Abs: r = std::fabs(A()); break;
-      default: __builtin_unreachable();
+#undef CALVIX_FAST_CASE
     }
     *i.dst = r;
     last = r;
   }
   return *p.fastResult;
+}
+
+void bindFastTree(ExprProgram& p) {
+  p.fastTree.clear();
+  p.fastRoot = nullptr;
+  for (const FastInstr& i : p.fastCode) {
+    if (i.op == FastOp::CallN) return;  // its arguments are gathered from the frame
+  }
+  const double* temps = p.frame.data() + p.tempBase();
+  const double* tempsEnd = p.frame.data() + p.frameSize();
+  auto isTemp = [&](const double* x) { return x >= temps && x < tempsEnd; };
+  // The node whose value each temporary holds, until an instruction reads it.
+  std::vector<const FastNode*> holder(p.temps, nullptr);
+  p.fastTree.reserve(p.fastCode.size() + 1);  // no reallocation: nodes point at nodes
+  auto take = [&](const double* x, const FastNode*& node) -> bool {
+    if (!isTemp(x)) return true;
+    node = holder[static_cast<size_t>(x - temps)];
+    holder[static_cast<size_t>(x - temps)] = nullptr;
+    return node != nullptr;
+  };
+  for (const FastInstr& i : p.fastCode) {
+    FastNode n;
+    n.k = i.k;
+    n.function = i.function;
+    n.library = i.library;
+    const int count = operandCount(i.op);
+    int sa = kAddress, sb = kAddress;
+    if (count >= 1) {
+      n.a = i.a;
+      if (!take(i.a, n.na)) return p.fastTree.clear();
+      sa = n.na ? kNode : kAddress;
+    }
+    if (count == 2) {
+      n.b = i.b;
+      if (!take(i.b, n.nb)) return p.fastTree.clear();
+      sb = n.nb ? kNode : kAddress;
+    }
+    n.eval = kNodeRuns[static_cast<size_t>(static_cast<int>(i.op) * 4 + sa * 2 + sb)];
+    p.fastTree.push_back(n);
+    if (!isTemp(i.dst)) return p.fastTree.clear();
+    holder[static_cast<size_t>(i.dst - temps)] = &p.fastTree.back();
+  }
+  // Every value made is read once, but the program's own value: otherwise
+  // the tree would skip some of the code.
+  const FastNode* root = nullptr;
+  for (size_t t = 0; t < holder.size(); ++t) {
+    if (!holder[t]) continue;
+    if (temps + t != p.fastResult || root) return p.fastTree.clear();
+    root = holder[t];
+  }
+  if (!root) {
+    if (!p.fastCode.empty() || isTemp(p.fastResult)) return p.fastTree.clear();
+    FastNode leaf;
+    leaf.eval = &runLeaf;
+    leaf.a = p.fastResult;
+    p.fastTree.push_back(leaf);
+    root = &p.fastTree.back();
+  }
+  p.fastRoot = root;
 }
 
 bool checkVariables(const ExprProgram& p, const ExprSymbols& symbols) {

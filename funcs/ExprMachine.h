@@ -16,6 +16,8 @@
 // The instruction loop of the fast path, and the check that every variable
 // the program reads holds a plain number (which records the symbols' epoch).
 double executeFast(const ExprProgram& program);
+// Builds program.fastTree from its fast code, where the code has that shape.
+void bindFastTree(ExprProgram& program);
 bool checkVariables(const ExprProgram& program, const ExprSymbols& symbols);
 
 // Returns false, having done nothing, when a variable is not a plain number,
@@ -31,7 +33,7 @@ inline bool runFast(const ExprProgram& program, const ExprSymbols& symbols, doub
     explicit Busy(bool& f) : flag(f) { flag = true; }
     ~Busy() { flag = false; }
   } busy(program.busy);
-  result = executeFast(program);
+  result = program.fastRoot ? program.fastRoot->eval(*program.fastRoot) : executeFast(program);
   return true;
 }
 

@@ -63,6 +63,22 @@ struct FastInstr {
   const double* const* args;
 };
 
+// The fast path as a tree, for the usual programs (no call with more than
+// two arguments): each node runs its operands' nodes, in the order of the
+// code, then its operation, and hands its value back in a register. eval is
+// chosen when the code is bound, for the operation and for where each
+// operand comes from (a value's address, or another node).
+struct FastNode {
+  double (*eval)(const FastNode&) = nullptr;
+  const double* a = nullptr;
+  const double* b = nullptr;
+  const FastNode* na = nullptr;
+  const FastNode* nb = nullptr;
+  double k = 0;
+  void (*function)() = nullptr;
+  FunctionLibrary* library = nullptr;
+};
+
 // Holds addresses into itself: it can be moved, not copied.
 struct ExprProgram {
   ExprProgram() = default;
@@ -97,6 +113,8 @@ struct ExprProgram {
   // A run that starts while another run of the same program is under way
   // (from inside a message box) goes to the variant machine instead.
   std::vector<FastInstr> fastCode;
+  std::vector<FastNode> fastTree;      // the same code as a tree, when it has one
+  const FastNode* fastRoot = nullptr;  // in fastTree
   std::vector<const double*> fastArgs;
   std::vector<const unsigned char*> variableStates;
   const double* fastResult = nullptr;

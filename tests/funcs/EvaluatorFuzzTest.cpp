@@ -9,12 +9,15 @@
 //   - Random and mangled texts never do anything but evaluate or fail with
 //     an EvalError.
 #include <QElapsedTimer>
+#include <bit>
 #include <cmath>
 #include <cstdlib>
 #include <random>
 #include <string>
 
+#include "funcs/ExprCompiler.h"
 #include "funcs/ExprLexer.h"
+#include "funcs/ExprMachine.h"
 #include "shell/runtime/NumberText.h"
 #include "tests/funcs/EvalTestSupport.h"
 
@@ -179,6 +182,109 @@ TEST_F(EvalTest, FastAndVariantPathsAgreeOnRandomFormulas) {
   EXPECT_GT(formulas, 1000);
   EXPECT_GT(failures, formulas / 50);
   EXPECT_LT(failures, formulas * 9 / 10);
+}
+
+TEST_F(EvalTest, TheFastTreeRunsAsTheFastCodeBitForBit) {
+  // The same compiled program run by its tree and by its plain instruction
+  // list: the same value to the last bit, the same failure, the same
+  // messages of the library in the same order.
+  Generator gen(seed() + 5);
+  LanguageFunctions language;
+  ExprSymbols symbols;
+  symbols.addFunctions(&language);
+  symbols.addFunctions(&library);
+  const int slots[] = {symbols.variableSlot(u"x"), symbols.variableSlot(u"y"), symbols.variableSlot(u"n")};
+  QElapsedTimer clock;
+  clock.start();
+  int trees = 0;
+  int failures = 0;
+  while (clock.elapsed() < budgetMs() / 2) {
+    for (int slot : slots) symbols.assignNumber(slot, gen.value());
+    const QString formula = gen.expression(1 + gen.pick(6));
+    ExprProgram program;
+    try {
+      program = ExprCompiler(symbols).compileExpression(formula);
+    } catch (const EvalError&) {
+      continue;
+    }
+    if (!program.fastRoot) continue;  // no fast code, or a call of many arguments
+    ++trees;
+    auto run = [&](bool tree, double& value, std::vector<QString>& shown) {
+      const size_t before = messages.shown().size();
+      int error = 0;
+      try {
+        value = tree ? program.fastRoot->eval(*program.fastRoot) : executeFast(program);
+      } catch (const rt::RuntimeError& e) {
+        error = e.number();
+      }
+      for (size_t i = before; i < messages.shown().size(); ++i) shown.push_back(messages.shown()[i].text);
+      return error;
+    };
+    double byTree = 0, byList = 0;
+    std::vector<QString> treeMessages, listMessages;
+    const int treeError = run(true, byTree, treeMessages);
+    const int listError = run(false, byList, listMessages);
+    ASSERT_EQ(treeError, listError) << formula.toStdString();
+    if (treeError == 0) {
+      ASSERT_EQ(std::bit_cast<std::uint64_t>(byTree), std::bit_cast<std::uint64_t>(byList)) << formula.toStdString();
+    }
+    ASSERT_EQ(treeMessages, listMessages) << formula.toStdString();
+    failures += treeError != 0;
+    messages.clear();
+  }
+  EXPECT_GT(trees, 1000);
+  EXPECT_GT(failures, trees / 50);
+}
+
+TEST_F(EvalTest, CompiledNumbersAgreeWithTheVariantPath) {
+  // evaluateNumber of a held expression, run again and again as a plot runs
+  // it, against the engine that runs everything on variants.
+  Generator gen(seed() + 6);
+  Evaluator exact;
+  exact.AddObject(QStringLiteral("MathFunction"), &library, true);
+  exact.setFastPath(false);
+  QElapsedTimer clock;
+  clock.start();
+  int runs = 0;
+  while (clock.elapsed() < budgetMs() / 2) {
+    const QString formula = gen.expression(1 + gen.pick(5));
+    Evaluator::Expression fast, slow;
+    try {
+      fast = engine.compile(formula);
+      slow = exact.compile(formula);
+    } catch (const EvalError&) {
+      continue;
+    }
+    const int fastX = engine.variableSlot(QStringLiteral("x"));
+    const int slowX = exact.variableSlot(QStringLiteral("x"));
+    const QString feed = QStringLiteral("n= %1: y= %2").arg(gen.pick(7) - 3).arg(rt::Str(gen.value()));
+    engine.AddCode(feed);
+    exact.AddCode(feed);
+    for (int k = 0; k < 5; ++k) {
+      const double x = gen.value();
+      if (!std::isfinite(x)) continue;  // no text gives a variable an infinity
+      engine.setNumber(fastX, x);
+      exact.setNumber(slowX, x);
+      auto number = [](Evaluator& e, const Evaluator::Expression& f, double& v) {
+        try {
+          v = e.evaluateNumber(f);
+        } catch (const EvalError& err) {
+          return err.number();
+        }
+        return 0;
+      };
+      double a = 0, b = 0;
+      const int fastError = number(engine, fast, a);
+      const int slowError = number(exact, slow, b);
+      ASSERT_EQ(fastError, slowError) << formula.toStdString() << " x=" << x;
+      if (fastError == 0) {
+        ASSERT_EQ(a, b) << formula.toStdString() << " x=" << x;
+      }
+      ++runs;
+    }
+    messages.clear();
+  }
+  EXPECT_GT(runs, 1000);
 }
 
 TEST_F(EvalTest, LiteralStatementsEqualTheCompiledOnes) {
