@@ -23,6 +23,12 @@ QList<QByteArray> splitLines(const QByteArray& bytes) {
 QString readQuoted(rt::SequentialReader& r) {
   const rt::Variant v = r.readVariant();
   if (!v.isText() || !r.lastFieldComplete()) rt::raise(rt::kInputPastEndOfFile);
+  // The form has no escapes: a quote or a line break inside a text is a
+  // damaged line.
+  const QString& t = v.rawText();
+  if (t.contains(QLatin1Char('"')) || t.contains(QLatin1Char('\r')) || t.contains(QLatin1Char('\n'))) {
+    rt::raise(rt::kTypeMismatch);
+  }
   return v.rawText();
 }
 

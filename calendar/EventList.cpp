@@ -71,7 +71,8 @@ std::optional<QStringList> readAgeFile(const QByteArray& bytes) {
     // The classic "For i = 1 To count" on a float count.
     for (float i = 1; i <= count; ++i) {
       lines << r.readText();
-      if (!r.lastFieldComplete()) return std::nullopt;
+      // Lines are written quoted with no escapes: a quote in one is damage.
+      if (!r.lastFieldComplete() || lines.last().contains(QLatin1Char('"'))) return std::nullopt;
     }
     return lines;
   } catch (const rt::RuntimeError&) {

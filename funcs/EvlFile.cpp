@@ -33,7 +33,9 @@ bool splitLines(const QByteArray& bytes, QList<QByteArray>& lines) {
 
 QString readQuoted(rt::SequentialReader& r) {
   const rt::Variant v = r.readVariant();
-  if (!v.isText()) rt::raise(rt::kTypeMismatch);
+  // A text the form could not have written (a quote or a line break in it)
+  // is a damaged line, and a file that opens can always be saved again.
+  if (!v.isText() || !survivesFile(v.rawText())) rt::raise(rt::kTypeMismatch);
   return v.rawText();
 }
 

@@ -591,6 +591,8 @@ LotContents readLot(const QByteArray& bytes) {
     for (int c = 0; c < LotteryModel::kColumns; ++c) {
       cells << r.readText();
       if (!r.lastFieldComplete()) rt::raise(rt::kInputPastEndOfFile);
+      // Cells are written quoted with no escapes: a quote in one is damage.
+      if (cells.last().contains(QLatin1Char('"'))) rt::raise(rt::kTypeMismatch);
     }
     for (int c = 2; c < LotteryModel::kColumns; ++c) {
       if (cells.at(c).isEmpty()) continue;

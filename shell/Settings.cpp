@@ -223,7 +223,13 @@ rt::Variant readTyped(rt::SequentialReader& r, Type t) {
     case Type::Any: return r.readVariant();
     case Type::Text: return rt::Variant::text(r.readText());
     case Type::Boolean: return rt::Variant::boolean(r.readBoolean());
-    case Type::Date: return rt::Variant::date(r.readDate());
+    case Type::Date: {
+      // A date the runtime cannot hold fails here (6), before it is taken:
+      // taken, it would fail every later save.
+      const double d = r.readDate();
+      rt::toQDateTime(d);
+      return rt::Variant::date(d);
+    }
   }
   return {};
 }
@@ -269,6 +275,9 @@ SettingsRead readSettingsBytes(const QByteArray& bytes, ProgramState& state) {
           const rt::Variant v = readTyped(r, item.type);
           // A value the file ends inside is not taken: it may be cut short.
           if (!r.lastFieldComplete()) rt::raise(rt::kInputPastEndOfFile);
+          // Texts are written quoted with no escapes, so a quote inside one
+          // (an unquoted field) is damage; taken, it would not survive a save.
+          if (v.isText() && v.rawText().contains(QLatin1Char('"'))) rt::raise(rt::kTypeMismatch);
           item.set(state, v);
           filled.push_back(&item);
           break;

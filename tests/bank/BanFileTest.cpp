@@ -83,6 +83,8 @@ TEST_F(BanFileTest, DamagedAndForeignFilesAreRefusedAndChangeNothing) {
       {"flag not a boolean", "3\r\n\"10000\",\"8\",\"10\",\"no\",\"\",\"\"\r\n"},
       {"a field too many", "3\r\n\"10000\",\"8\",\"10\",#FALSE#,\"\",\"\",\"\"\r\n"},
       {"a third line", good + "\"x\"\r\n"},
+      {"a stray quote splits a box", "3\r\n\"10\"\",00018\",\"10\",#FALSE#,\"\",\"\"\r\n"},
+      {"a line break inside a box", "3\r\n\"10\r000\",\"8\",\"10\",#FALSE#,\"\",\"\"\r\n"},
       {"a function table file", "0\r\n\"0\",\"5\",\"200\",\"0.025\",#TRUE#,\"A=2\",\"x\",\"x\"\r\n"},
   };
   BanInputs untouched{1, "9", "9", "9", false, "9", "9"};

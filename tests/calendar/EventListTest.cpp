@@ -85,6 +85,7 @@ TEST_F(EventListTest, DamagedAndForeignFilesAreRefusedAndTheListKept) {
       {"empty.age", "", 906},
       {"text.age", "\"TIPO IVA\",16\r\n", 906},  // a settings file renamed
       {"data.csv", "0\r\n", 901},                // not an events file by its name
+      {"quote.age", "4\r\rs\"\n\n\n", 906},          // an unquoted line holding a quote
       {"missing.age", QByteArray(), 906},
   };
   for (const Row& r : rows) {

@@ -75,6 +75,8 @@ TEST(EvlFile, DamagedFilesAreRefusedAndLeaveTheTargetAlone) {
       "0\r\n\"0\",\"5\",\"200\",\"1\",#TRUE#,\"\",\"x\",\"x\",\"y\"\r\n",       // a field too many
       "0\r\n\"0\",\"5\",\"200\",\"1\",#TRUE#,\"\",\"x\",\"x\"\r\n\"more\"\r\n",  // a third line
       "0\r\n0,5,200,1,#TRUE#,A,x,x\r\n",                                        // texts without quotes
+      "0\r\n\"0\"\",5\",\"200\",\"1\",#TRUE#,\"\",\"x\",\"x\"\r\n",          // a stray quote splits a box
+      "0\r\n\"1\",\"5\",\"200\",\"0.\r25\",#TRUE#,\"\",\"x\",\"x\"\r\n",           // a line break inside a box
       "0,\"0\"\r\n\"5\",\"200\",\"1\",#TRUE#,\"\",\"x\",\"x\"\r\n",             // fields on the wrong lines
       "\x89PNG\r\n\x1a\n\0\0\0\rIHDR\r\n",                                      // another kind of file
   };

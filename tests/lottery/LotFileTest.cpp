@@ -108,11 +108,13 @@ TEST_F(LotFileTest, DamagedOrForeignFilesLeaveTheListAsItWas) {
   write("banfile.lot", "2\r\n\"1000\",\"3,5\",\"1,5\",#TRUE#,\"100\",\"\"\r\n");
   write("badnumber.lot", QByteArray(good).replace("\"1\",\"", "\"1\",\"x"));
   write("notes.txt", good);
+  // An unquoted cell holding a quote, which no save could write back.
+  write("quote.lot", QByteArray("1\r\n1\",,,,,,,,,,,,\r\n") + good.mid(good.indexOf("\r\n1,") + 2));
   const struct {
     const char* name;
     int error;
   } rows[] = {{"cut.lot", 62}, {"count.lot", 13}, {"toomany.lot", 0}, {"banfile.lot", 0},
-              {"missing.lot", 53}, {"notes.txt", 901}};
+              {"missing.lot", 53}, {"notes.txt", 901}, {"quote.lot", 13}};
   const auto grid = m->grid;
   const auto frecSel = m->frecSel;
   const auto frecTodas = m->frecTodas;

@@ -221,6 +221,25 @@ TEST_F(SettingsTest, AFileCutAtAnyByteLeavesNoValueHalfRead) {
   }
 }
 
+TEST_F(SettingsTest, AValueTheWriterCouldNotHaveWrittenStopsTheReadingBeforeItIsTaken) {
+  ProgramState start;
+  clearSettings(start);
+  // An unquoted text holding a quote: taken, it would not survive the next save.
+  ProgramState s = start;
+  EXPECT_EQ(readSettingsBytes(QByteArray("\n\0\"\n", 4), s).error, rt::kTypeMismatch);
+  EXPECT_TRUE(s.VatRate == start.VatRate);
+
+  // A calendar date past what the runtime holds: taken, every save would fail.
+  QByteArray bytes = settingsBytes(start);
+  const qsizetype date = bytes.indexOf('#', bytes.indexOf("\"FECHAS CALENDARIO\""));
+  ASSERT_GT(date, 0);
+  bytes.replace(date, bytes.indexOf('#', date + 1) + 1 - date, "12345678");
+  s = start;
+  EXPECT_EQ(readSettingsBytes(bytes, s).error, rt::kOverflow);
+  EXPECT_EQ(s.CalendarDates[0], start.CalendarDates[0]);
+  EXPECT_NO_THROW(settingsBytes(s));
+}
+
 TEST_F(SettingsTest, RandomBytesShowTheMessageAndTheCommandRow) {
   QRandomGenerator random(1234);
   for (int round = 0; round < 20; ++round) {
