@@ -385,6 +385,12 @@ void appendNumberText(QString& out, double x) {
   out.append(reinterpret_cast<const QChar*>(buf), n);
 }
 
+void appendStr(QString& out, double x) {
+  char16_t buf[48];
+  const int n = layoutDigits(rawDigits(x, 15), 15, u'.', true, buf);
+  out.append(reinterpret_cast<const QChar*>(buf), n);
+}
+
 namespace {
 
 bool isBlank(QChar c) { return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n'); }

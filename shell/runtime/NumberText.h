@@ -26,6 +26,9 @@ QString NumberToTextSingle(float x);
 // NumberToText(x) added at the end of out, with no text of its own: for
 // readers that write many numbers into one text (copies, files, listings).
 void appendNumberText(QString& out, double x);
+// Str(x) added at the end of out, likewise: a statement such as "x= " and a
+// number can be fed again and again from one text kept by the caller.
+void appendStr(QString& out, double x);
 
 double Val(const QString& text);
 double TextToDouble(const QString& text);

@@ -139,6 +139,35 @@ TEST_F(NumberText, EveryDefaultTextReadsBackToTheSameDigits) {
   }
 }
 
+TEST_F(NumberText, AppendedTextsAreTheTextsOfTheirOwn) {
+  // The appending forms write into a text that already holds something, and
+  // must give exactly Str and NumberToText: random bits, edges, both systems.
+  std::mt19937_64 random(12345);
+  std::vector<double> values = {0.0, -0.0, 1, -1, 0.5, 1e15, 1e16, 999999999999999.5, 1e-5, 1e-4, 5e-324,
+                                std::numeric_limits<double>::max(), -std::numeric_limits<double>::min(),
+                                32767, -32768, 2147483647.0, 0.1 + 0.2};
+  for (int i = 0; i < 200000; ++i) {
+    double x = 0;
+    const std::uint64_t bits = random();
+    std::memcpy(&x, &bits, sizeof x);
+    if (std::isfinite(x)) values.push_back(x);
+    values.push_back(static_cast<double>(static_cast<std::int64_t>(random() % 2000001) - 1000000) / 1000.0);
+  }
+  for (bool comma : {false, true}) {
+    comma ? useComma() : usePoint();
+    QString str = QStringLiteral("x= ");
+    QString text = QStringLiteral("[");
+    for (double x : values) {
+      str.truncate(3);
+      appendStr(str, x);
+      text.truncate(1);
+      appendNumberText(text, x);
+      ASSERT_EQ(str, QStringLiteral("x= ") + Str(x)) << x;
+      ASSERT_EQ(text, QStringLiteral("[") + NumberToText(x)) << x;
+    }
+  }
+}
+
 TEST_F(NumberText, HexAndOctRoundFirstAndUseTwosComplement) {
   EXPECT_EQ(Hex(255), QStringLiteral("FF"));
   EXPECT_EQ(Hex(0), QStringLiteral("0"));
