@@ -1,5 +1,6 @@
 #include "funcs/ExprMachine.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -238,6 +239,12 @@ void bindFastTree(ExprProgram& p) {
   // The node whose value each temporary holds, until an instruction reads it.
   std::vector<const FastNode*> holder(p.temps, nullptr);
   p.fastTree.reserve(p.fastCode.size() + 1);  // no reallocation: nodes point at nodes
+  // The tree runs by recursion: a very long expression (a sum of thousands of
+  // terms) would nest too deep for the stack, and keeps the instruction list.
+  constexpr int kDeepest = 200;
+  std::vector<int> depth;
+  depth.reserve(p.fastCode.size());
+  auto depthOf = [&](const FastNode* node) { return node ? depth[static_cast<size_t>(node - p.fastTree.data())] : 0; };
   auto take = [&](const double* x, const FastNode*& node) -> bool {
     if (!isTemp(x)) return true;
     node = holder[static_cast<size_t>(x - temps)];
@@ -262,7 +269,10 @@ void bindFastTree(ExprProgram& p) {
       sb = n.nb ? kNode : kAddress;
     }
     n.eval = kNodeRuns[static_cast<size_t>(static_cast<int>(i.op) * 4 + sa * 2 + sb)];
+    const int d = 1 + std::max(depthOf(n.na), depthOf(n.nb));
+    if (d > kDeepest) return p.fastTree.clear();
     p.fastTree.push_back(n);
+    depth.push_back(d);
     if (!isTemp(i.dst)) return p.fastTree.clear();
     holder[static_cast<size_t>(i.dst - temps)] = &p.fastTree.back();
   }
