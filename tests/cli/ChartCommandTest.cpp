@@ -11,15 +11,6 @@
 
 namespace {
 
-QMap<QString, QString> fields(const QString& out) {
-  QMap<QString, QString> map;
-  for (const QString& line : out.split(QLatin1Char('\n'))) {
-    const qsizetype tab = line.indexOf(QLatin1Char('\t'));
-    if (tab >= 0) map.insert(line.left(tab), line.mid(tab + 1));
-  }
-  return map;
-}
-
 const QString kPairs = QStringLiteral("1 X 2 X 3 X 3 Y 5 Y 7 Y");
 
 class ChartCommand : public CalvixTest {};
@@ -34,7 +25,7 @@ TEST_F(ChartCommand, AnEmptyStoreIsRefusedOnStderr) {
 TEST_F(ChartCommand, PairsGiveTheXYKindAndTheRegressionBoxes) {
   const CliRun r = runCli({QStringLiteral("chart"), QStringLiteral("--keys"), kPairs});
   ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-  const auto f = fields(r.out);
+  const auto f = outputFields(r.out);
   EXPECT_EQ(f.value(QStringLiteral("Label1")), QStringLiteral("XY 2D  -  "));
   EXPECT_EQ(f.value(QStringLiteral("tipo")), QStringLiteral("7"));
   EXPECT_EQ(f.value(QStringLiteral("series")), QStringLiteral("X\tY"));
@@ -61,7 +52,7 @@ TEST_F(ChartCommand, OneSeriesAndAKindSaveAPictureOfTheSizeAsked) {
                            png, QStringLiteral("--width"), QStringLiteral("320"), QStringLiteral("--height"),
                            QStringLiteral("200")});
   ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-  const auto f = fields(r.out);
+  const auto f = outputFields(r.out);
   EXPECT_EQ(f.value(QStringLiteral("tipo")), QStringLiteral("2"));
   EXPECT_EQ(f.value(QStringLiteral("series")), QStringLiteral("X"));
   // The PNG header: signature, then the IHDR chunk with width and height.

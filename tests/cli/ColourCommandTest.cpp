@@ -7,15 +7,6 @@
 
 namespace {
 
-QMap<QString, QString> fields(const QString& out) {
-  QMap<QString, QString> map;
-  for (const QString& line : out.split(QLatin1Char('\n'))) {
-    const qsizetype tab = line.indexOf(QLatin1Char('\t'));
-    if (tab >= 0) map.insert(line.left(tab), line.mid(tab + 1));
-  }
-  return map;
-}
-
 class ColourCommand : public CalvixTest {};
 
 TEST_F(ColourCommand, EachNotationDrivesTheOthers) {
@@ -35,7 +26,7 @@ TEST_F(ColourCommand, EachNotationDrivesTheOthers) {
   for (const auto& row : rows) {
     const CliRun r = runCli(QStringList{QStringLiteral("colour")} + row.args);
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    const auto f = fields(r.out);
+    const auto f = outputFields(r.out);
     EXPECT_EQ(f.value("scrl"), QString::fromLatin1(row.scrl)) << row.args.join(' ').toStdString();
     EXPECT_EQ(f.value("txtHTML"), QString::fromLatin1(row.html)) << row.args.join(' ').toStdString();
   }
@@ -43,7 +34,7 @@ TEST_F(ColourCommand, EachNotationDrivesTheOthers) {
 
 TEST_F(ColourCommand, PrintsEveryFieldAndCopiesToTheRegisters) {
   CliRun r = runCli({QStringLiteral("colour"), QStringLiteral("--rgb"), QStringLiteral("255,0,0")});
-  const auto f = fields(r.out);
+  const auto f = outputFields(r.out);
   EXPECT_EQ(QStringList({f.value("txt1"), f.value("txt2"), f.value("txtDEC"), f.value("txtHEX"), f.value("txtRGB")}),
             QStringList({"255\t0\t0", "0\t120\t240", "255", "&h0000FF", "RGB(255,0,0)"}));
 

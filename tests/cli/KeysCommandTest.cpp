@@ -9,15 +9,7 @@
 namespace {
 
 // The "name<TAB>value" lines of the plain output, history lines excluded.
-QMap<QString, QString> fields(const QString& out) {
-  QMap<QString, QString> map;
-  for (const QString& line : out.split(QLatin1Char('\n'))) {
-    const qsizetype tab = line.indexOf(QLatin1Char('\t'));
-    if (tab < 0 || line.startsWith(QLatin1String("history"))) continue;
-    map.insert(line.left(tab), line.mid(tab + 1));
-  }
-  return map;
-}
+QMap<QString, QString> fields(const QString& out) { return outputFields(out, QStringLiteral("history")); }
 
 class KeysCommand : public CalvixTest {
  protected:

@@ -7,15 +7,6 @@
 
 namespace {
 
-QMap<QString, QString> fields(const QString& out) {
-  QMap<QString, QString> map;
-  for (const QString& line : out.split(QLatin1Char('\n'))) {
-    const qsizetype tab = line.indexOf(QLatin1Char('\t'));
-    if (tab >= 0) map.insert(line.left(tab), line.mid(tab + 1));
-  }
-  return map;
-}
-
 class ResistorCommand : public CalvixTest {};
 
 TEST_F(ResistorCommand, BothWays) {
@@ -38,7 +29,7 @@ TEST_F(ResistorCommand, BothWays) {
     if (!args.contains(QStringLiteral("resistor"))) args.prepend(QStringLiteral("resistor"));
     const CliRun r = runCli(args);
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    const auto f = fields(r.out);
+    const auto f = outputFields(r.out);
     EXPECT_EQ(QStringList({f.value("value"), f.value("tolerance"), f.value("coefficient"), f.value("bands")}),
               QStringList({QString::fromUtf8(row.value), QString::fromUtf8(row.tolerance),
                            QString::fromUtf8(row.coefficient), QString::fromUtf8(row.bands)}))

@@ -10,14 +10,7 @@
 
 namespace {
 
-QMap<QString, QString> fields(const QString& out) {
-  QMap<QString, QString> map;
-  for (const QString& line : out.split(QLatin1Char('\n'))) {
-    const qsizetype tab = line.indexOf(QLatin1Char('\t'));
-    if (tab >= 0 && !line.startsWith(QLatin1String("history"))) map.insert(line.left(tab), line.mid(tab + 1));
-  }
-  return map;
-}
+QMap<QString, QString> fields(const QString& out) { return outputFields(out, QStringLiteral("history")); }
 
 class StatsCommand : public CalvixTest {
  protected:

@@ -13,6 +13,15 @@
 #include "shell/runtime/DateTime.h"
 #include "tests/support/GuiTestSupport.h"
 
+namespace {
+
+bool writeFile(const QString& path, const QByteArray& bytes) {
+  QFile f(path);
+  return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+}
+
+}  // namespace
+
 class OpenDocumentTest : public QObject {
   Q_OBJECT
 
@@ -32,10 +41,7 @@ class OpenDocumentTest : public QObject {
   void eachKindOpensInItsWindow() {
     QTemporaryDir dir;
     const QString age = dir.filePath(QStringLiteral("Fiestas.AGE"));  // the extension in any case
-    QFile f(age);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(calendar::writeAgeFile({QStringLiteral("03/19  San José"), QStringLiteral("12/25  Navidad")}));
-    f.close();
+    QVERIFY(writeFile(age, calendar::writeAgeFile({QStringLiteral("03/19  San José"), QStringLiteral("12/25  Navidad")})));
     QVERIFY(openDocument(age));
     auto* calendarWindow = qobject_cast<CalendarWindow*>(findWindow(WindowId::Calendar));
     QVERIFY(calendarWindow && calendarWindow->isVisible());
@@ -43,10 +49,7 @@ class OpenDocumentTest : public QObject {
 
     // A damaged events file is refused with its message and the list stays.
     const QString bad = dir.filePath(QStringLiteral("roto.age"));
-    QFile g(bad);
-    QVERIFY(g.open(QIODevice::WriteOnly));
-    g.write("not an events file");
-    g.close();
+    QVERIFY(writeFile(bad, "not an events file"));
     QVERIFY(!openDocument(bad));
     QCOMPARE(calendarWindow->model().events.events().size(), 2);
 
@@ -58,10 +61,7 @@ class OpenDocumentTest : public QObject {
   void statisticsFileOpensInTheCalculator() {
     QTemporaryDir dir;
     const QString dat = dir.filePath(QStringLiteral("medidas.dat"));
-    QFile f(dat);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write("3,1\r\n1.5\r\n-0.25\r\n1E+20\r\n0.1\r\n");
-    f.close();
+    QVERIFY(writeFile(dat, "3,1\r\n1.5\r\n-0.25\r\n1E+20\r\n0.1\r\n"));
     QVERIFY(openDocument(dat));
     auto* calculator = qobject_cast<CalculatorWindow*>(findWindow(WindowId::ScientificCalculator));
     QVERIFY(calculator && calculator->isVisible());
@@ -69,10 +69,7 @@ class OpenDocumentTest : public QObject {
     QCOMPARE(program().stats.count(1), 1);
 
     const QString cut = dir.filePath(QStringLiteral("cortado.dat"));
-    QFile g(cut);
-    QVERIFY(g.open(QIODevice::WriteOnly));
-    g.write("2,0\r\n1\r\n");
-    g.close();
+    QVERIFY(writeFile(cut, "2,0\r\n1\r\n"));
     QVERIFY(!openDocument(cut));
     QCOMPARE(program().stats.count(0), 3);
   }

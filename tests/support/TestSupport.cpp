@@ -48,3 +48,13 @@ CliRun runCli(const QStringList& args) {
   r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
   return r;
 }
+
+QMap<QString, QString> outputFields(const QString& out, const QString& skip) {
+  QMap<QString, QString> map;
+  for (const QString& line : out.split(QLatin1Char('\n'))) {
+    const qsizetype tab = line.indexOf(QLatin1Char('\t'));
+    if (tab < 0 || (!skip.isEmpty() && line.startsWith(skip))) continue;
+    map.insert(line.left(tab), line.mid(tab + 1));
+  }
+  return map;
+}

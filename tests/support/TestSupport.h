@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QLocale>
+#include <QMap>
 #include <QTemporaryDir>
 #include <string>
 #include <vector>
@@ -45,6 +46,9 @@ struct CliRun {
   int exitCode = -1;
 };
 CliRun runCli(const QStringList& args);
+// The "NAME TAB value" lines of a subcommand's plain output, by name; lines
+// starting with skip (a repeated field such as "history") are left out.
+QMap<QString, QString> outputFields(const QString& out, const QString& skip = {});
 
 // The classic error number a call fails with, or 0 when it does not fail.
 template <typename F>
