@@ -1,14 +1,20 @@
 #include "shell/runtime/NumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cmath>
 #include <charconv>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "shell/runtime/Numeric.h"
 #include "shell/runtime/SystemLocale.h"
@@ -109,7 +115,33 @@ constexpr Wide kWidePowers[] = {
     wideTen(8),  wideTen(9),  wideTen(10), wideTen(11), wideTen(12), wideTen(13), wideTen(14), wideTen(15),
     wideTen(16), wideTen(17), wideTen(18), wideTen(19), wideTen(20), wideTen(21), wideTen(22)};
 
-bool roundedBySums(double a, int precision, Scaled& out) {
+// The common case by one rounded operation: p = a * 10^k lies within half an
+// ulp of the exact product (or quotient), so when p is farther than that from
+// a half and strictly inside the digit range, p's nearest whole is the exact
+// value's. Below 2^52 (p < 10^15) that ulp is a power of two from p's own
+// exponent, and halves are exact doubles. Small enough to inline into every
+// caller; the rest waits for the full routine below.
+inline bool roundedQuickly(double a, int precision, Scaled& out) {
+  const int e = decimalExponent(a);
+  const int k = precision - 1 - e;
+  if (k < -kMaxExactPower || k > kMaxExactPower) return false;
+  const double scale = kExactPowers[k >= 0 ? k : -k];
+  const double p = k >= 0 ? a * scale : a / scale;
+  const double m = nearestWhole(p);
+  const double margin = 0.5 - std::fabs(p - m);  // exact: both terms are multiples of p's ulp
+  const double halfUlp =
+      std::bit_cast<double>((std::bit_cast<std::uint64_t>(p) & 0x7FF0'0000'0000'0000ULL) - (53ULL << 52));
+  if (p > kExactPowers[precision - 1] && m < kExactPowers[precision] && margin > halfUlp) {
+    out.m = m;
+    out.k = k;
+    out.exponent = e;
+    return true;
+  }
+  return false;
+}
+
+// Every case the quick one leaves, as exactly.
+[[gnu::noinline]] bool roundedSlowly(double a, int precision, Scaled& out) {
   const double top = kExactPowers[precision];
   const double bottom = kExactPowers[precision - 1];
   int e = decimalExponent(a);
@@ -120,25 +152,6 @@ bool roundedBySums(double a, int precision, Scaled& out) {
   for (int tries = 0; tries < 3; ++tries) {
     const int k = precision - 1 - e;
     if (k < -kMaxExactPower || k > kMaxExactPower) return false;
-    {
-      // The common case by one rounded operation: p lies within half an ulp
-      // of the exact a * 10^k, so when p is farther than that from a half
-      // and strictly inside the digit range, p's nearest whole is the exact
-      // value's. Below 2^52 (p < 10^15) that ulp is a power of two from
-      // p's own exponent, and halves are exact doubles.
-      const double scale = kExactPowers[std::abs(k)];
-      const double p = k >= 0 ? a * scale : a / scale;
-      const double m = nearestWhole(p);
-      const double margin = 0.5 - std::fabs(p - m);  // exact: both terms are multiples of p's ulp
-      const double halfUlp =
-          std::bit_cast<double>((std::bit_cast<std::uint64_t>(p) & 0x7FF0'0000'0000'0000ULL) - (53ULL << 52));
-      if (p > bottom && m < top && margin > halfUlp) {
-        out.m = m;
-        out.k = k;
-        out.exponent = e;
-        return true;
-      }
-    }
     if (k >= 0 && shift >= 1 && shift <= 127) {
       // a * 10^k exactly, in whole numbers: mantissa * 10^k (below 2^127)
       // over 2^shift; the quotient rounded half to even by the remainder.
@@ -184,6 +197,10 @@ bool roundedBySums(double a, int precision, Scaled& out) {
     return true;
   }
   return false;
+}
+
+inline bool roundedBySums(double a, int precision, Scaled& out) {
+  return roundedQuickly(a, precision, out) || roundedSlowly(a, precision, out);
 }
 
 inline double scaledValue(const Scaled& s) {
@@ -313,9 +330,88 @@ int layoutDigits(const RawDigits& d, int precision, char16_t point, bool blank, 
   return k;
 }
 
+// The 15-digit text of x in one go, for the values a table is made of: the
+// quick rounding holds and the first digit's weight lies from 10^-4 to 10^14
+// (the plain layout). The digits come in pairs from a table, written where
+// they go. Writes into out (at least 40 units) and returns the length; 0
+// where it does not apply, for layoutDigits to do.
+int quickText15(double x, char16_t point, bool blank, char16_t* out) {
+  const double a = std::fabs(x);
+  if (!(a >= 1e-4 && a < 1e15)) return 0;  // zero, a NaN and the exponent forms too
+  Scaled s;
+  if (!roundedQuickly(a, 15, s)) return 0;
+  auto m = static_cast<std::uint64_t>(s.m);
+  int e = s.exponent;
+  if (m == 1'000'000'000'000'000ULL) {  // rounded up to the next power of ten
+    m /= 10;
+    ++e;
+  }
+  if (e >= 15) return 0;
+  // The 15 digits, trailing zeros included: 3 + 4 from the high part, 4 + 4
+  // from the low one, each four split in two pairs.
+  static constexpr auto kPairs = [] {
+    std::array<std::uint32_t, 100> t{};
+    for (std::uint32_t i = 0; i < 100; ++i) t[i] = (u'0' + i / 10) | ((u'0' + i % 10) << 16);
+    return t;
+  }();
+  // Blocks of fixed size below copy with a few vector moves; the room past
+  // the digits holds zeros that may be copied and are never counted.
+  char16_t digits[32] = {};
+  const auto high = static_cast<std::uint32_t>(m / 100'000'000);
+  const auto low = static_cast<std::uint32_t>(m % 100'000'000);
+  const std::uint32_t parts[4] = {high / 10000, high % 10000, low / 10000, low % 10000};
+  digits[0] = static_cast<char16_t>(u'0' + parts[0] / 100);
+  std::memcpy(digits + 1, &kPairs[parts[0] % 100], 4);
+  for (int i = 1; i < 4; ++i) {
+    std::memcpy(digits + 4 * i - 1, &kPairs[parts[i] / 100], 4);
+    std::memcpy(digits + 4 * i + 1, &kPairs[parts[i] % 100], 4);
+  }
+  int n = 15;
+#if defined(__SSE2__)
+  {
+    // The last digit that is not '0', found by comparing all at once: a
+    // data-dependent loop would guess wrong on every other number.
+    const __m128i zero = _mm_set1_epi16(static_cast<short>(u'0'));
+    const auto first = static_cast<std::uint32_t>(
+        _mm_movemask_epi8(_mm_cmpeq_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(digits)), zero)));
+    const auto second = static_cast<std::uint32_t>(
+        _mm_movemask_epi8(_mm_cmpeq_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(digits + 8)), zero)));
+    // Two bits per digit; the first digit is never '0'.
+    const std::uint32_t other = ~(first | (second << 16)) & 0x3FFF'FFFFu;
+    n = (31 - std::countl_zero(other)) / 2 + 1;
+  }
+#else
+  while (n > 1 && digits[n - 1] == u'0') --n;
+#endif
+  int k = 0;
+  if (x < 0) out[k++] = u'-';
+  else if (blank) out[k++] = u' ';
+  constexpr std::size_t kBlock = 16 * sizeof(char16_t);
+  if (e >= 0) {
+    // The whole part with its zeros, then the point and the rest moved up.
+    std::memcpy(out + k, digits, kBlock);
+    if (n <= e + 1) return k + e + 1;
+    out[k + e + 1] = point;
+    std::memcpy(out + k + e + 2, digits + e + 1, kBlock);
+    return k + n + 1;
+  }
+  static constexpr char16_t kZeros[4] = {u'0', u'0', u'0', u'0'};
+  out[k] = u'0';
+  out[k + 1] = point;
+  std::memcpy(out + k + 2, kZeros, sizeof kZeros);  // up to four zeros, -e-1 of them kept
+  k += 2 - e - 1;
+  std::memcpy(out + k, digits, kBlock);
+  return k + n;
+}
+
+int writeText(double x, int precision, char16_t point, bool blank, char16_t* out) {
+  const int n = precision == 15 ? quickText15(x, point, blank, out) : 0;
+  return n > 0 ? n : layoutDigits(rawDigits(x, precision), precision, point, blank, out);
+}
+
 QString numberText(double x, int precision, char16_t point, bool blank) {
   char16_t buf[48];
-  const int n = layoutDigits(rawDigits(x, precision), precision, point, blank, buf);
+  const int n = writeText(x, precision, point, blank, buf);
   return QString(reinterpret_cast<const QChar*>(buf), n);
 }
 
@@ -381,13 +477,13 @@ QString NumberToTextSingle(float x) { return numberText(x, 7, rt::systemConventi
 
 void appendNumberText(QString& out, double x) {
   char16_t buf[48];
-  const int n = layoutDigits(rawDigits(x, 15), 15, rt::systemConventions().decimal.unicode(), false, buf);
+  const int n = writeText(x, 15, rt::systemConventions().decimal.unicode(), false, buf);
   out.append(reinterpret_cast<const QChar*>(buf), n);
 }
 
 void appendStr(QString& out, double x) {
   char16_t buf[48];
-  const int n = layoutDigits(rawDigits(x, 15), 15, u'.', true, buf);
+  const int n = writeText(x, 15, u'.', true, buf);
   out.append(reinterpret_cast<const QChar*>(buf), n);
 }
 

@@ -1,9 +1,10 @@
 // The number rules worked out by arithmetic (the rounding of a 64-bit float
 // to its 15-digit text and of a 32-bit float to its 7-digit text, their
 // digits and the values those texts read back as) against the plain text
-// route: to_chars with the precision, then from_chars. Millions of values,
-// random and chosen near the places where rounding can go wrong: halves of
-// the last digit, powers of ten, the ends of the exactly scaled range.
+// route: to_chars with the precision, then from_chars; and Str's text against
+// those digits laid out. Millions of values, random and chosen near the places
+// where rounding can go wrong: halves of the last digit, powers of ten, the
+// ends of the exactly scaled range.
 // A few seconds by default; CALVIX_FUZZ_SECONDS (for example 60) runs longer,
 // CALVIX_FUZZ_SEED varies the values.
 #include <QElapsedTimer>
@@ -116,8 +117,28 @@ class Values {
   unsigned kind_ = 0;
 };
 
+// Str's layout of the text route's digits: plain from 1E-04 up to below
+// 1E+15, the exponent form outside.
+std::string strByText(double x, const TextRoute& t) {
+  std::string s = x < 0 ? "-" : " ";
+  if (x == 0) return " 0";
+  const std::string& d = t.digits;
+  const int e = t.exponent;
+  if (e >= 15 || e < -4) {
+    s += d.substr(0, 1);
+    if (d.size() > 1) s += "." + d.substr(1);
+    const std::string digits = std::to_string(std::abs(e));
+    return s + (e < 0 ? "E-" : "E+") + (digits.size() < 2 ? "0" : "") + digits;
+  }
+  if (e < 0) return s + "0." + std::string(static_cast<size_t>(-e - 1), '0') + d;
+  const auto whole = static_cast<size_t>(e + 1);
+  if (d.size() <= whole) return s + d + std::string(whole - d.size(), '0');
+  return s + d.substr(0, whole) + "." + d.substr(whole);
+}
+
 void checkDouble(double x) {
   const TextRoute want = byText(x, 15);
+  ASSERT_EQ(rt::Str(x).toStdString(), strByText(x, want)) << std::hexfloat << x;
   double value = 0;
   const bool finite = rt::textValue(x, value);
   ASSERT_EQ(finite, want.finite) << std::hexfloat << x;
