@@ -24,14 +24,13 @@ CellGrid::CellGrid(int columns) : columns_(static_cast<size_t>(columns)) {}
 
 bool CellGrid::textValue(double x, double& value) { return rt::textValue(x, value); }
 
-void CellGrid::setRowCount(int rows) {
+void CellGrid::setRowCount(int rows, bool keepRoom) {
   if (rows < 0) rows = 0;
   if (rows < rows_) {
     for (Column& c : columns_) {
       if (c.cells.size() > static_cast<size_t>(rows)) {
         c.cells.resize(static_cast<size_t>(rows));
-        // Give back the memory of a long table that is cut short.
-        if (c.cells.capacity() > 2 * c.cells.size() + 64) c.cells.shrink_to_fit();
+        if (!keepRoom && c.cells.capacity() > 2 * c.cells.size() + 64) c.cells.shrink_to_fit();
       }
       for (auto it = c.texts.begin(); it != c.texts.end();) {
         it = it.key() >= rows ? c.texts.erase(it) : std::next(it);
@@ -43,7 +42,11 @@ void CellGrid::setRowCount(int rows) {
 
 void CellGrid::reserveRows(int col, int rows) {
   if (col < 0 || col >= columnCount() || rows <= 0) return;
-  columns_[static_cast<size_t>(col)].cells.reserve(static_cast<size_t>(rows));
+  std::vector<double>& cells = columns_[static_cast<size_t>(col)].cells;
+  const auto wanted = static_cast<size_t>(rows);
+  // Room kept from a far longer table goes back.
+  if (cells.size() <= wanted && cells.capacity() > 2 * wanted + 64) cells.shrink_to_fit();
+  cells.reserve(wanted);
 }
 
 QString CellGrid::get(int row, int col) const {

@@ -24,10 +24,13 @@ class CellGrid {
 
   int rowCount() const { return rows_; }
   int columnCount() const { return static_cast<int>(columns_.size()); }
-  // Rows past the new count are dropped with their texts.
-  void setRowCount(int rows);
+  // Rows past the new count are dropped with their texts; the memory of a
+  // long table cut short is given back, unless keepRoom (a new table of about
+  // the same length is on its way: no second allocation and page faulting).
+  void setRowCount(int rows, bool keepRoom = false);
   // Room for this many rows in a column that is about to be filled, so a long
-  // table grows without spare capacity.
+  // table grows without spare capacity; room kept from a far longer table
+  // goes back.
   void reserveRows(int col, int rows);
 
   // The text of a cell; empty outside the grid.

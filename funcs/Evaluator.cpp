@@ -6,6 +6,7 @@
 #include "funcs/ExprLexer.h"
 #include "funcs/ExprMachine.h"
 #include "shell/runtime/RuntimeError.h"
+#include "shell/runtime/VectorState.h"
 
 namespace {
 
@@ -73,6 +74,7 @@ const ExprProgram& Evaluator::programFor(const QString& text) {
   }
   lastText_ = text;
   lastProgram_ = it.value().get();
+  rt::clearUpperVectorState();  // the hash lookup may leave them in use; runs follow
   return *lastProgram_;
 }
 
@@ -80,7 +82,9 @@ rt::Variant Evaluator::Eval(const QString& text) { return run(programFor(text));
 
 Evaluator::Expression Evaluator::compile(const QString& text) {
   programFor(text);
-  return Expression(cache_.value(text));
+  Expression compiled(cache_.value(text));
+  rt::clearUpperVectorState();
+  return compiled;
 }
 
 rt::Variant Evaluator::evaluate(const Expression& expression) {
@@ -162,6 +166,12 @@ bool Evaluator::assignLiterals(const QString& text) {
   // The statements that the previous text had, unchanged and in the same
   // place, are not read again: in a table only the x at the end changes.
   // Where only a number changed, its name is not looked up again either.
+  if (!literals_.empty() && static_cast<size_t>(n) == literalText_.size() &&
+      samePrefix(t.utf16(), literalText_.data(), literalText_.size())) {
+    // The same text again (a table's constants before every x): the same values.
+    for (const LiteralAssignment& a : literals_) symbols_.assignNumber(a.slot, a.value, a.type);
+    return true;
+  }
   size_t reused = 0;
   size_t kept = 0;  // length of the start that the new text shares with literalText_
   int i = 0;

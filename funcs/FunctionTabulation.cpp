@@ -10,6 +10,7 @@
 #include "shell/ProgramState.h"
 #include "shell/runtime/RuntimeError.h"
 #include "shell/Strings.h"
+#include "shell/runtime/VectorState.h"
 
 namespace {
 
@@ -93,8 +94,8 @@ bool FunctionTable::beginFunctionTable() {
     recomputeIncrement();
   }
   context() = Res(1463);
-  // A new table: the rows of the last one go.
-  MSFlexGrid1.setRowCount(1);
+  // A new table: the rows of the last one go, their memory stays for it.
+  MSFlexGrid1.setRowCount(1, true);
   MSFlexGrid1.setRowCount(kMinimumRows);
   p.pointCount = 0;
   p.hasG = 0;
@@ -162,6 +163,7 @@ bool FunctionTable::tabulationStep(int maxRows) {
   if (stepping_) return false;
   stepping_ = true;
   int budget = std::max(maxRows, 1);
+  rt::clearUpperVectorState();
   while (run_ && budget > 0 && !stopRequested_) {
     if (run_->stage == Tabulation::Stage::F) stepF(budget);
     else stepG(budget);

@@ -2,9 +2,11 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "funcs/CellGrid.h"
 #include "shell/runtime/NumberText.h"
+#include "shell/runtime/VectorState.h"
 
 namespace plot {
 
@@ -60,29 +62,22 @@ void computeDerivatives(CellGrid& grid, int pointCount, int sourceColumn) {
   if (grid.rowCount() < pointCount + 2) grid.setRowCount(pointCount + 2);
   if (pointCount < 2) return;
   for (int c = kFirst; c <= kThird; ++c) grid.reserveRows(c, pointCount);
-  // One pass down the rows: the first order at row j once X and Y of rows j
-  // and j+1 are known, the second at row j-1 once the first at j is, the
-  // third at row j-2 once the second at j-1 is. Each order reads the values
-  // the order before it stored.
-  double xj = cellValue(grid, 1, 0), yj = cellValue(grid, 1, sourceColumn);
-  double xBack1 = 0, xBack2 = 0;          // X of rows j-1 and j-2
-  double firstBack = 0, secondBack = 0;  // first order at row j-1, second at row j-2
-  for (int j = 1; j <= pointCount - 1; ++j) {
-    const double xNext = cellValue(grid, j + 1, 0);
-    const double yNext = cellValue(grid, j + 1, sourceColumn);
-    const double first = singleDifference(yj, yNext, xj, xNext);
-    grid.setTextValue(j, kFirst, first);
-    if (j >= 2) {
-      const double second = singleDifference(firstBack, first, xBack1, xj);
-      grid.setTextValue(j - 1, kSecond, second);
-      if (j >= 3) grid.setTextValue(j - 2, kThird, doubleDifference(secondBack, second, xBack2, xBack1));
-      secondBack = second;
-    }
-    firstBack = first;
-    xBack2 = xBack1;
-    xBack1 = xj;
-    xj = xNext;
-    yj = yNext;
+  // Each order from the values the order before it stored: the first at row
+  // j from rows j and j+1, the second at row j from the first at j and j+1,
+  // the third likewise from the second. One pass per order: the cells of a
+  // pass do not wait on each other, so the processor works on several at once.
+  rt::clearUpperVectorState();
+  const int n = pointCount;
+  const std::vector<double> x = readColumn(grid, 0, 1, n);  // x[i] is row i+1
+  const std::vector<double> y = readColumn(grid, sourceColumn, 1, n);
+  std::vector<double> first(static_cast<size_t>(n - 1));
+  for (size_t i = 0; i + 1 < static_cast<size_t>(n); ++i) first[i] = singleDifference(y[i], y[i + 1], x[i], x[i + 1]);
+  std::vector<double> second(first.size() - 1);
+  for (size_t i = 0; i + 1 < first.size(); ++i) second[i] = singleDifference(first[i], first[i + 1], x[i], x[i + 1]);
+  for (size_t i = 0; i < first.size(); ++i) grid.setTextValue(static_cast<int>(i) + 1, kFirst, first[i]);
+  for (size_t i = 0; i < second.size(); ++i) grid.setTextValue(static_cast<int>(i) + 1, kSecond, second[i]);
+  for (size_t i = 0; i + 1 < second.size(); ++i) {
+    grid.setTextValue(static_cast<int>(i) + 1, kThird, doubleDifference(second[i], second[i + 1], x[i], x[i + 1]));
   }
 }
 
