@@ -1,5 +1,6 @@
 #include "funcs/CellGrid.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -20,6 +21,13 @@ inline bool isTag(double v, std::uint64_t tag) { return std::bit_cast<std::uint6
 
 }  // namespace
 
+void CellGrid::dropTexts(Column& c, int from, int to) {
+  if (c.texts.isEmpty()) return;  // begin() would make a table for nothing
+  for (auto it = c.texts.begin(); it != c.texts.end();) {
+    it = it.key() >= from && it.key() < to ? c.texts.erase(it) : std::next(it);
+  }
+}
+
 CellGrid::CellGrid(int columns) : columns_(static_cast<size_t>(columns)) {}
 
 bool CellGrid::textValue(double x, double& value) { return rt::textValue(x, value); }
@@ -32,9 +40,7 @@ void CellGrid::setRowCount(int rows, bool keepRoom) {
         c.cells.resize(static_cast<size_t>(rows));
         if (!keepRoom && c.cells.capacity() > 2 * c.cells.size() + 64) c.cells.shrink_to_fit();
       }
-      for (auto it = c.texts.begin(); it != c.texts.end();) {
-        it = it.key() >= rows ? c.texts.erase(it) : std::next(it);
-      }
+      dropTexts(c, rows, std::numeric_limits<int>::max());
     }
   }
   rows_ = rows;
@@ -124,6 +130,24 @@ void CellGrid::setTextValue(int row, int col, double shown) {
   store(row, col, shown);
 }
 
+double* CellGrid::rowsToFill(int col, int from, int count) {
+  if (col < 0 || col >= columnCount() || from < 0 || count <= 0 || from + count > rows_) return nullptr;
+  Column& c = columns_[static_cast<size_t>(col)];
+  dropTexts(c, from, from + count);
+  const auto end = static_cast<size_t>(from) + static_cast<size_t>(count);
+  if (c.cells.size() < end) c.cells.resize(end, kEmpty);
+  return c.cells.data() + from;
+}
+
+const double* CellGrid::numbers(int col, int& count) const {
+  count = 0;
+  if (col < 0 || col >= columnCount()) return nullptr;
+  const Column& c = columns_[static_cast<size_t>(col)];
+  if (!c.texts.isEmpty()) return nullptr;
+  count = static_cast<int>(std::min(c.cells.size(), static_cast<size_t>(rows_)));
+  return c.cells.data();
+}
+
 bool CellGrid::isEmpty(int row, int col) const {
   if (row < 0 || row >= rows_ || col < 0 || col >= columnCount()) return true;
   const Column& c = columns_[static_cast<size_t>(col)];
@@ -159,9 +183,7 @@ void CellGrid::clearColumn(int col, int fromRow) {
   Column& c = columns_[static_cast<size_t>(col)];
   const auto from = static_cast<size_t>(std::max(fromRow, 0));
   if (c.cells.size() > from) c.cells.resize(from);
-  for (auto it = c.texts.begin(); it != c.texts.end();) {
-    it = it.key() >= fromRow ? c.texts.erase(it) : std::next(it);
-  }
+  dropTexts(c, fromRow, std::numeric_limits<int>::max());
 }
 
 std::size_t CellGrid::memoryBytes() const {

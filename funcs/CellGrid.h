@@ -43,6 +43,11 @@ class CellGrid {
   void setNumber(int row, int col, double value);
   // setNumber for a value that textValue gave: it is stored as it is.
   void setTextValue(int row, int col, double shown);
+  // Where to write the values (as textValue gives them) of rows from to
+  // from+count-1 of a column at once, for work that makes a whole column: the
+  // cells are there to be written, their old texts gone. Null when those
+  // rows are not all in the grid.
+  double* rowsToFill(int col, int from, int count);
   bool isEmpty(int row, int col) const;
   // The cell's text read as a number (locale-aware, as CDbl reads it); false
   // when it is empty or not a number.
@@ -50,6 +55,12 @@ class CellGrid {
   // True when the cell holds the default text of a number: value is then
   // the value of that text, as textValue gives it.
   bool storedNumber(int row, int col, double& value) const;
+
+  // A column's cells as stored, row 0 first, for loops over many rows: a
+  // number, or a NaN where the cell is empty. count is how many rows are
+  // stored (the rest are empty). Null when the column keeps texts, whose
+  // cells are NaNs too but must be read with number().
+  const double* numbers(int col, int& count) const;
 
   // Every cell empty; the row count stays.
   void clear();
@@ -72,6 +83,8 @@ class CellGrid {
     QHash<int, QString> texts;  // by row, for cells that are not default number texts
   };
   void store(int row, int col, double tagged);
+  // The kept texts of rows from..to-1 forgotten.
+  static void dropTexts(Column& c, int from, int to);
 
   std::vector<Column> columns_;
   int rows_ = 0;

@@ -66,19 +66,31 @@ void computeDerivatives(CellGrid& grid, int pointCount, int sourceColumn) {
   // j from rows j and j+1, the second at row j from the first at j and j+1,
   // the third likewise from the second. One pass per order: the cells of a
   // pass do not wait on each other, so the processor works on several at once.
+  // (Library code before may leave the vector registers slowing that down.)
   rt::clearUpperVectorState();
   const int n = pointCount;
-  const std::vector<double> x = readColumn(grid, 0, 1, n);  // x[i] is row i+1
-  const std::vector<double> y = readColumn(grid, sourceColumn, 1, n);
-  std::vector<double> first(static_cast<size_t>(n - 1));
-  for (size_t i = 0; i + 1 < static_cast<size_t>(n); ++i) first[i] = singleDifference(y[i], y[i + 1], x[i], x[i + 1]);
-  std::vector<double> second(first.size() - 1);
-  for (size_t i = 0; i + 1 < first.size(); ++i) second[i] = singleDifference(first[i], first[i + 1], x[i], x[i + 1]);
-  for (size_t i = 0; i < first.size(); ++i) grid.setTextValue(static_cast<int>(i) + 1, kFirst, first[i]);
-  for (size_t i = 0; i < second.size(); ++i) grid.setTextValue(static_cast<int>(i) + 1, kSecond, second[i]);
-  for (size_t i = 0; i + 1 < second.size(); ++i) {
-    grid.setTextValue(static_cast<int>(i) + 1, kThird, doubleDifference(second[i], second[i + 1], x[i], x[i + 1]));
-  }
+  // X and Y straight from the grid's arrays where they hold no texts.
+  std::vector<double> xCopy, yCopy;
+  auto rows = [&grid, n](int col, std::vector<double>& copy) {
+    int count = 0;
+    const double* cells = grid.numbers(col, count);
+    if (cells && count > n) return cells + 1;  // row 1 first
+    copy = readColumn(grid, col, 1, n);
+    return static_cast<const double*>(copy.data());
+  };
+  const double* x = rows(0, xCopy);
+  const double* y = rows(sourceColumn, yCopy);
+  // Each order straight into its column, read back by the next: the rows
+  // are reserved, so filling one column moves no other column's array.
+  auto fill = [&grid, x](int col, int count, const double* from, auto difference) -> const double* {
+    double* to = from ? grid.rowsToFill(col, 1, count) : nullptr;
+    if (!to) return nullptr;
+    for (int i = 0; i < count; ++i) to[i] = difference(from[i], from[i + 1], x[i], x[i + 1]);
+    return to;
+  };
+  const double* first = fill(kFirst, n - 1, y, singleDifference);
+  const double* second = fill(kSecond, n - 2, first, singleDifference);
+  fill(kThird, n - 3, second, doubleDifference);
 }
 
 Extrema findExtrema(const std::vector<double>& y, int depth) {

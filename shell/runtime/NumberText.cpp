@@ -475,17 +475,23 @@ QString NumberToText(double x) { return numberText(x, 15, rt::systemConventions(
 
 QString NumberToTextSingle(float x) { return numberText(x, 7, rt::systemConventions().decimal.unicode(), false); }
 
-void appendNumberText(QString& out, double x) {
-  char16_t buf[48];
-  const int n = writeText(x, 15, rt::systemConventions().decimal.unicode(), false, buf);
-  out.append(reinterpret_cast<const QChar*>(buf), n);
+namespace {
+
+// The text written straight into out's own room, then cut to its length: no
+// copy from a buffer of ours.
+void appendText(QString& out, double x, char16_t point, bool blank) {
+  constexpr int kRoom = 48;
+  const qsizetype size = out.size();
+  out.resize(size + kRoom);
+  const int n = writeText(x, 15, point, blank, reinterpret_cast<char16_t*>(out.data()) + size);
+  out.resize(size + n);
 }
 
-void appendStr(QString& out, double x) {
-  char16_t buf[48];
-  const int n = writeText(x, 15, u'.', true, buf);
-  out.append(reinterpret_cast<const QChar*>(buf), n);
-}
+}  // namespace
+
+void appendNumberText(QString& out, double x) { appendText(out, x, rt::systemConventions().decimal.unicode(), false); }
+
+void appendStr(QString& out, double x) { appendText(out, x, u'.', true); }
 
 namespace {
 

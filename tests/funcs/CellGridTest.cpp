@@ -155,6 +155,36 @@ TEST_F(CellGridTest, RowsCutAwayTakeTheirCellsAndTexts) {
   EXPECT_TRUE(grid.isEmpty(2, 1));
 }
 
+TEST_F(CellGridTest, WholeColumnsAreReadAndFilledInPlace) {
+  CellGrid grid(3);
+  grid.setRowCount(6);
+  grid.setNumber(1, 0, 1.5);
+  grid.setNumber(3, 0, -2);
+  int count = 0;
+  const double* cells = grid.numbers(0, count);
+  ASSERT_NE(cells, nullptr);
+  ASSERT_EQ(count, 4);
+  EXPECT_EQ(cells[1], 1.5);
+  EXPECT_TRUE(std::isnan(cells[2]));  // an empty cell
+  EXPECT_EQ(cells[3], -2);
+  grid.set(4, 0, QStringLiteral("word"));
+  EXPECT_EQ(grid.numbers(0, count), nullptr);  // texts are read one by one
+
+  // Filling takes the texts of those rows away, keeps the others, and
+  // refuses rows past the grid.
+  grid.set(2, 1, QStringLiteral("old"));
+  grid.set(5, 1, QStringLiteral("stays"));
+  double* to = grid.rowsToFill(1, 1, 3);
+  ASSERT_NE(to, nullptr);
+  to[0] = 0.25;
+  to[1] = 7;
+  to[2] = -1;
+  EXPECT_EQ(grid.get(2, 1), QStringLiteral("7"));
+  EXPECT_EQ(grid.get(5, 1), QStringLiteral("stays"));
+  EXPECT_EQ(grid.rowsToFill(2, 4, 3), nullptr);
+  EXPECT_EQ(grid.rowsToFill(2, 1, 0), nullptr);
+}
+
 TEST_F(CellGridTest, AMillionNumbersCostAboutAPlainArray) {
   constexpr int kRows = 1'000'000;
   CellGrid grid(7);
@@ -168,7 +198,16 @@ TEST_F(CellGridTest, AMillionNumbersCostAboutAPlainArray) {
   const std::size_t plain = 2 * sizeof(double) * kRows;
   EXPECT_LE(grid.memoryBytes(), plain + plain / 10);
   EXPECT_EQ(grid.get(kRows, 0), rt::NumberToText(1000.0));
-  // Cut short, the memory goes back.
+  // Cut short for a table of the same length, the memory stays; cut short
+  // for good, it goes back, as it does when a far shorter table reserves.
+  grid.setRowCount(6, true);
+  EXPECT_GE(grid.memoryBytes(), plain);
+  grid.reserveRows(0, 100);
+  grid.reserveRows(1, 100);
+  EXPECT_LT(grid.memoryBytes(), 4096u);
+  grid.setRowCount(kRows + 1);
+  grid.reserveRows(0, kRows + 1);
+  grid.setNumber(kRows, 0, 1);
   grid.setRowCount(6);
   EXPECT_LT(grid.memoryBytes(), 1024u);
 }

@@ -74,6 +74,32 @@ TEST_F(PlotAnalysisTest, DerivativesFollowTheSourceColumnAndEqualXGiveZero) {
   EXPECT_EQ(same.get(2, 2), QStringLiteral("1"));
 }
 
+TEST_F(PlotAnalysisTest, CellsThatAreNoNumbersGiveZeroAndTheRestAsWithNumbersOnly) {
+  // A text left in the X column makes the columns be read cell by cell;
+  // the cells worked out are the same as from the arrays.
+  const std::vector<double> x = range(0, 0.37, 40);
+  std::vector<double> y;
+  for (double v : x) y.push_back(std::sin(v) * 3);
+  CellGrid plain = grid(x, y);
+  CellGrid typed = grid(x, y);
+  typed.setRowCount(50);
+  typed.set(45, 0, QStringLiteral("note"));
+  computeDerivatives(plain, 40, 1);
+  computeDerivatives(typed, 40, 1);
+  for (int r = 1; r <= 40; ++r) {
+    for (int c = 2; c <= 4; ++c) ASSERT_EQ(plain.get(r, c), typed.get(r, c)) << r << " " << c;
+  }
+  // A word in X and an empty Y cell: the differences that read them are 0.
+  typed.set(3, 0, QStringLiteral("word"));
+  typed.set(10, 1, QString());
+  computeDerivatives(typed, 40, 1);
+  EXPECT_EQ(typed.get(2, 2), QStringLiteral("0"));
+  EXPECT_EQ(typed.get(3, 2), QStringLiteral("0"));
+  EXPECT_EQ(typed.get(9, 2), QStringLiteral("0"));
+  EXPECT_EQ(typed.get(10, 2), QStringLiteral("0"));
+  EXPECT_EQ(typed.get(4, 2), plain.get(4, 2));
+}
+
 TEST_F(PlotAnalysisTest, ExtremaVoteCountsTheEndsAsBeatenAndNeedsStrictWins) {
   // sin on 0..6.28 with 100 points: a maximum near pi/2, a minimum near 3pi/2,
   // and the ends: 0 is a minimum (its neighbour is higher), 6.28 a maximum.
