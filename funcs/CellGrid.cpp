@@ -139,11 +139,13 @@ double* CellGrid::rowsToFill(int col, int from, int count) {
   return c.cells.data() + from;
 }
 
-const double* CellGrid::numbers(int col, int& count) const {
+const double* CellGrid::numbers(int col, int from, int to, int& count) const {
   count = 0;
   if (col < 0 || col >= columnCount()) return nullptr;
   const Column& c = columns_[static_cast<size_t>(col)];
-  if (!c.texts.isEmpty()) return nullptr;
+  for (auto it = c.texts.cbegin(); it != c.texts.cend(); ++it) {  // usually a title at most
+    if (it.key() >= from && it.key() <= to) return nullptr;
+  }
   count = static_cast<int>(std::min(c.cells.size(), static_cast<size_t>(rows_)));
   return c.cells.data();
 }

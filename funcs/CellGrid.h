@@ -56,11 +56,11 @@ class CellGrid {
   // the value of that text, as textValue gives it.
   bool storedNumber(int row, int col, double& value) const;
 
-  // A column's cells as stored, row 0 first, for loops over many rows: a
-  // number, or a NaN where the cell is empty. count is how many rows are
-  // stored (the rest are empty). Null when the column keeps texts, whose
-  // cells are NaNs too but must be read with number().
-  const double* numbers(int col, int& count) const;
+  // A column's cells as stored, row 0 first, for loops over rows from..to:
+  // a number, or a NaN where the cell is empty. count is how many rows are
+  // stored (the rest are empty). Null when the column keeps texts in those
+  // rows, whose cells are NaNs too but must be read with number().
+  const double* numbers(int col, int from, int to, int& count) const;
 
   // Every cell empty; the row count stays.
   void clear();

@@ -82,6 +82,26 @@ class Evaluator {
     return evaluateNumberSlowly(expression);
   }
 
+  // evaluate(expression) where its value is sure to be a plain 64-bit float
+  // (the formula runs on numbers now, and is neither a comparison nor a lone
+  // name): true with the value, without making a variant. False, having done
+  // nothing, where evaluate must run.
+  bool evaluatePlainNumber(const Expression& expression, double& value) {
+    const ExprProgram* p = expression.program_.get();
+    if (!(p && p->fastRoot && fastPath_ && !p->busy && p->checkedEpoch == symbols_.epoch() &&
+          !p->resultIsBoolean && !p->code.empty())) [[unlikely]]
+      return false;
+    p->busy = true;
+    try {
+      value = p->fastRoot->eval(*p->fastRoot);
+    } catch (...) {
+      p->busy = false;
+      rethrowAsEvalError();
+    }
+    p->busy = false;
+    return true;
+  }
+
   // Direct access to variables, for callers that hold numbers, not texts.
   // variableSlot creates the variable (undefined) when it is new; it throws
   // EvalError when the name belongs to a function.

@@ -203,7 +203,9 @@ bool FunctionTable::stepF(int& budget) {
     try {
       MSFlexGrid1.setTextValue(row, kX, feedX(t.x));
       if (t.fError) throw *t.fError;
-      storeValue(MSFlexGrid1, row, kF, engine_.evaluate(t.f));
+      double value = 0;
+      if (engine_.evaluatePlainNumber(t.f, value)) MSFlexGrid1.setNumber(row, kF, value);
+      else storeValue(MSFlexGrid1, row, kF, engine_.evaluate(t.f));
     } catch (const EvalError& e) {
       failF(e.description());
       return true;
@@ -285,9 +287,14 @@ bool FunctionTable::stepG(int& budget) {
     try {
       feedRowX(t.gRow);
       if (t.gError) throw *t.gError;
-      const rt::Variant value = engine_.evaluate(t.g);
-      storeValue(MSFlexGrid1, t.gRow, kG, value);
-      errorWord = value.isText() && value.rawText() == t.errorWord;
+      double number = 0;
+      if (engine_.evaluatePlainNumber(t.g, number)) {
+        MSFlexGrid1.setNumber(t.gRow, kG, number);
+      } else {
+        const rt::Variant value = engine_.evaluate(t.g);
+        storeValue(MSFlexGrid1, t.gRow, kG, value);
+        errorWord = value.isText() && value.rawText() == t.errorWord;
+      }
     } catch (const EvalError& e) {
       failG(e.description());
       return true;

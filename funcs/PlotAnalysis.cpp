@@ -73,7 +73,7 @@ void computeDerivatives(CellGrid& grid, int pointCount, int sourceColumn) {
   std::vector<double> xCopy, yCopy;
   auto rows = [&grid, n](int col, std::vector<double>& copy) {
     int count = 0;
-    const double* cells = grid.numbers(col, count);
+    const double* cells = grid.numbers(col, 1, n, count);
     if (cells && count > n) return cells + 1;  // row 1 first
     copy = readColumn(grid, col, 1, n);
     return static_cast<const double*>(copy.data());

@@ -161,14 +161,16 @@ TEST_F(CellGridTest, WholeColumnsAreReadAndFilledInPlace) {
   grid.setNumber(1, 0, 1.5);
   grid.setNumber(3, 0, -2);
   int count = 0;
-  const double* cells = grid.numbers(0, count);
+  grid.set(0, 0, QStringLiteral("X"));  // a title above the rows read
+  const double* cells = grid.numbers(0, 1, 5, count);
   ASSERT_NE(cells, nullptr);
   ASSERT_EQ(count, 4);
   EXPECT_EQ(cells[1], 1.5);
   EXPECT_TRUE(std::isnan(cells[2]));  // an empty cell
   EXPECT_EQ(cells[3], -2);
   grid.set(4, 0, QStringLiteral("word"));
-  EXPECT_EQ(grid.numbers(0, count), nullptr);  // texts are read one by one
+  EXPECT_EQ(grid.numbers(0, 1, 5, count), nullptr);  // texts are read one by one
+  EXPECT_NE(grid.numbers(0, 1, 3, count), nullptr);
 
   // Filling takes the texts of those rows away, keeps the others, and
   // refuses rows past the grid.

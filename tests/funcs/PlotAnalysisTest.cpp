@@ -75,15 +75,16 @@ TEST_F(PlotAnalysisTest, DerivativesFollowTheSourceColumnAndEqualXGiveZero) {
 }
 
 TEST_F(PlotAnalysisTest, CellsThatAreNoNumbersGiveZeroAndTheRestAsWithNumbersOnly) {
-  // A text left in the X column makes the columns be read cell by cell;
-  // the cells worked out are the same as from the arrays.
+  // A number typed as a text of its own in the X column ("0.370", kept as
+  // typed) makes the columns be read cell by cell; the cells worked out are
+  // the same as from the arrays.
   const std::vector<double> x = range(0, 0.37, 40);
   std::vector<double> y;
   for (double v : x) y.push_back(std::sin(v) * 3);
   CellGrid plain = grid(x, y);
   CellGrid typed = grid(x, y);
-  typed.setRowCount(50);
-  typed.set(45, 0, QStringLiteral("note"));
+  typed.set(2, 0, QStringLiteral("0.370"));
+  ASSERT_EQ(typed.get(2, 0), QStringLiteral("0.370"));
   computeDerivatives(plain, 40, 1);
   computeDerivatives(typed, 40, 1);
   for (int r = 1; r <= 40; ++r) {
