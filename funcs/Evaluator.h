@@ -67,18 +67,8 @@ class Evaluator {
   // Inline: in a loop the usual run costs the tree's nodes and a few checks.
   double evaluateNumber(const Expression& expression) {
     const ExprProgram* p = expression.program_.get();
-    if (p && p->fastRoot && fastPath_ && !p->busy && p->checkedEpoch == symbols_.epoch()) [[likely]] {
-      p->busy = true;  // a run from inside a message box takes the variant machine
-      double value;
-      try {
-        value = p->fastRoot->eval(*p->fastRoot);
-      } catch (...) {
-        p->busy = false;
-        rethrowAsEvalError();
-      }
-      p->busy = false;
-      return value;
-    }
+    if (treeRuns(p)) [[likely]]
+      return runTree(*p);
     return evaluateNumberSlowly(expression);
   }
 
@@ -88,17 +78,9 @@ class Evaluator {
   // nothing, where evaluate must run.
   bool evaluatePlainNumber(const Expression& expression, double& value) {
     const ExprProgram* p = expression.program_.get();
-    if (!(p && p->fastRoot && fastPath_ && !p->busy && p->checkedEpoch == symbols_.epoch() &&
-          !p->resultIsBoolean && !p->code.empty())) [[unlikely]]
+    if (!treeRuns(p) || p->resultIsBoolean || p->code.empty()) [[unlikely]]
       return false;
-    p->busy = true;
-    try {
-      value = p->fastRoot->eval(*p->fastRoot);
-    } catch (...) {
-      p->busy = false;
-      rethrowAsEvalError();
-    }
-    p->busy = false;
+    value = runTree(*p);
     return true;
   }
 
@@ -120,6 +102,22 @@ class Evaluator {
 
  private:
   double evaluateNumberSlowly(const Expression& expression);
+  // True when the program's tree of nodes can run now on the numbers held.
+  bool treeRuns(const ExprProgram* p) const {
+    return p && p->fastRoot && fastPath_ && !p->busy && p->checkedEpoch == symbols_.epoch();
+  }
+  double runTree(const ExprProgram& p) {
+    p.busy = true;  // a run from inside a message box takes the variant machine
+    double value;
+    try {
+      value = p.fastRoot->eval(*p.fastRoot);
+    } catch (...) {
+      p.busy = false;
+      rethrowAsEvalError();
+    }
+    p.busy = false;
+    return value;
+  }
   // Within a catch block: throws the failure in flight, a runtime one as EvalError.
   [[noreturn]] static void rethrowAsEvalError();
   const ExprProgram& programFor(const QString& text);
