@@ -18,6 +18,7 @@
 
 #include "shell/runtime/Numeric.h"
 #include "shell/runtime/SystemLocale.h"
+#include "shell/runtime/VectorState.h"
 #include "shell/runtime/RuntimeError.h"
 
 namespace rt {
@@ -480,6 +481,9 @@ namespace {
 // The text written straight into out's own room, then cut to its length: no
 // copy from a buffer of ours.
 void appendText(QString& out, double x, char16_t point, bool blank) {
+  // Called in long loops after code of any kind (a hash lookup before it
+  // leaves the vector registers slowing every step): about a nanosecond.
+  clearUpperVectorState();
   constexpr int kRoom = 48;
   const qsizetype size = out.size();
   out.resize(size + kRoom);
