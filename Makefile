@@ -10,6 +10,6 @@ bench:
 screenshots:
 	bash tools/screenshots screenshots
 sanitize:
-	BUILD_DIR=build-asan BUILD_TYPE=Debug CMAKE_FLAGS="-DCALVIX_SANITIZE=ON -DCALVIX_BENCH=OFF" bash tools/test
+	ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0 BUILD_DIR=build-asan BUILD_TYPE=Debug CMAKE_FLAGS="-DCALVIX_SANITIZE=ON -DCALVIX_BENCH=OFF" bash tools/test
 clean:
 	rm -rf build build-asan build-release build-ci
