@@ -331,11 +331,29 @@ int layoutDigits(const RawDigits& d, int precision, char16_t point, bool blank, 
   return k;
 }
 
+#if defined(__SSE2__)
+// The eight decimal digits of v < 10^8 as numbers 0-9, one per 16-bit lane,
+// the first in lane 0: v split by 10^4, each half divided by 1000, 100, 10
+// and 1 at once by multiplications, then each quotient less ten times the
+// one before it.
+inline __m128i eightDigits(std::uint32_t v) {
+  const __m128i x = _mm_cvtsi32_si128(static_cast<int>(v));
+  const __m128i high = _mm_srli_epi64(_mm_mul_epu32(x, _mm_set1_epi32(static_cast<int>(0xD1B71759u))), 45);
+  const __m128i low = _mm_sub_epi32(x, _mm_mul_epu32(high, _mm_set1_epi32(10000)));
+  const __m128i both = _mm_slli_epi64(_mm_unpacklo_epi16(high, low), 2);
+  const __m128i pairs = _mm_unpacklo_epi16(both, both);
+  const __m128i spread = _mm_unpacklo_epi32(pairs, pairs);  // high four times, then low
+  const __m128i q = _mm_mulhi_epu16(
+      _mm_mulhi_epu16(spread, _mm_setr_epi16(8389, 5243, 13108, -32768, 8389, 5243, 13108, -32768)),
+      _mm_setr_epi16(1 << 7, 1 << 11, 1 << 13, -32768, 1 << 7, 1 << 11, 1 << 13, -32768));
+  return _mm_sub_epi16(q, _mm_slli_epi64(_mm_mullo_epi16(q, _mm_set1_epi16(10)), 16));
+}
+#endif
+
 // The 15-digit text of x in one go, for the values a table is made of: the
 // quick rounding holds and the first digit's weight lies from 10^-4 to 10^14
-// (the plain layout). The digits come in pairs from a table, written where
-// they go. Writes into out (at least 40 units) and returns the length; 0
-// where it does not apply, for layoutDigits to do.
+// (the plain layout). Writes into out (at least 40 units) and returns the
+// length; 0 where it does not apply, for layoutDigits to do.
 int quickText15(double x, char16_t point, bool blank, char16_t* out) {
   const double a = std::fabs(x);
   if (!(a >= 1e-4 && a < 1e15)) return 0;  // zero, a NaN and the exponent forms too
@@ -348,61 +366,84 @@ int quickText15(double x, char16_t point, bool blank, char16_t* out) {
     ++e;
   }
   if (e >= 15) return 0;
-  // The 15 digits, trailing zeros included: 3 + 4 from the high part, 4 + 4
-  // from the low one, each four split in two pairs.
-  static constexpr auto kPairs = [] {
-    std::array<std::uint32_t, 100> t{};
-    for (std::uint32_t i = 0; i < 100; ++i) t[i] = (u'0' + i / 10) | ((u'0' + i % 10) << 16);
-    return t;
-  }();
-  // Blocks of fixed size below copy with a few vector moves; the room past
-  // the digits holds zeros that may be copied and are never counted.
-  char16_t digits[32] = {};
-  const auto high = static_cast<std::uint32_t>(m / 100'000'000);
-  const auto low = static_cast<std::uint32_t>(m % 100'000'000);
-  const std::uint32_t parts[4] = {high / 10000, high % 10000, low / 10000, low % 10000};
-  digits[0] = static_cast<char16_t>(u'0' + parts[0] / 100);
-  std::memcpy(digits + 1, &kPairs[parts[0] % 100], 4);
-  for (int i = 1; i < 4; ++i) {
-    std::memcpy(digits + 4 * i - 1, &kPairs[parts[i] / 100], 4);
-    std::memcpy(digits + 4 * i + 1, &kPairs[parts[i] % 100], 4);
-  }
-  int n = 15;
-#if defined(__SSE2__)
-  {
-    // The last digit that is not '0', found by comparing all at once: a
-    // data-dependent loop would guess wrong on every other number.
-    const __m128i zero = _mm_set1_epi16(static_cast<short>(u'0'));
-    const auto first = static_cast<std::uint32_t>(
-        _mm_movemask_epi8(_mm_cmpeq_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(digits)), zero)));
-    const auto second = static_cast<std::uint32_t>(
-        _mm_movemask_epi8(_mm_cmpeq_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(digits + 8)), zero)));
-    // Two bits per digit; the first digit is never '0'.
-    const std::uint32_t other = ~(first | (second << 16)) & 0x3FFF'FFFFu;
-    n = (31 - std::countl_zero(other)) / 2 + 1;
-  }
-#else
-  while (n > 1 && digits[n - 1] == u'0') --n;
-#endif
   int k = 0;
   if (x < 0) out[k++] = u'-';
   else if (blank) out[k++] = u' ';
-  constexpr std::size_t kBlock = 16 * sizeof(char16_t);
+  const auto high = static_cast<std::uint32_t>(m / 100'000'000);  // the first 7 digits
+  const auto low = static_cast<std::uint32_t>(m % 100'000'000);   // the last 8
+#if defined(__SSE2__)
+  // The digits stay in two registers, lanes 0-7 and 8-14, and the text is
+  // put together there: written digits read back at once would wait on the
+  // writes.
+  const __m128i h = eightDigits(high);  // lane 0 is a leading zero
+  const __m128i l = eightDigits(low);
+  const __m128i d0 = _mm_or_si128(_mm_srli_si128(h, 2), _mm_slli_si128(l, 14));
+  const __m128i d1 = _mm_srli_si128(l, 2);  // lane 15 is 0, never counted
+  // The last digit that is not 0; the first digit never is.
+  const __m128i zero = _mm_setzero_si128();
+  const auto zeros = static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi16(d0, zero))) |
+                     (static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi16(d1, zero))) << 16);
+  const int n = (31 - std::countl_zero(~zeros & 0x3FFF'FFFFu)) / 2 + 1;
+  const __m128i ascii = _mm_set1_epi16(static_cast<short>(u'0'));
+  const __m128i c0 = _mm_add_epi16(d0, ascii);
+  const __m128i c1 = _mm_add_epi16(d1, ascii);
+  auto* at = reinterpret_cast<__m128i*>(out + k);
   if (e >= 0) {
-    // The whole part with its zeros, then the point and the rest moved up.
-    std::memcpy(out + k, digits, kBlock);
-    if (n <= e + 1) return k + e + 1;
-    out[k + e + 1] = point;
-    std::memcpy(out + k + e + 2, digits + e + 1, kBlock);
+    if (n <= e + 1) {  // a whole number: its digits, zeros included
+      _mm_storeu_si128(at, c0);
+      _mm_storeu_si128(at + 1, c1);
+      return k + e + 1;
+    }
+    // Lanes before the point keep their digit, the point's lane takes the
+    // point, the lanes after it the digit one lane before.
+    const __m128i s0 = _mm_slli_si128(c0, 2);
+    const __m128i s1 = _mm_or_si128(_mm_slli_si128(c1, 2), _mm_srli_si128(c0, 14));
+    const __m128i where = _mm_set1_epi16(static_cast<short>(e + 1));
+    const __m128i dot = _mm_set1_epi16(static_cast<short>(point));
+    auto place = [&](__m128i digits, __m128i shifted, __m128i lane) {
+      const __m128i before = _mm_cmplt_epi16(lane, where);
+      const __m128i isPoint = _mm_cmpeq_epi16(lane, where);
+      const __m128i r = _mm_or_si128(_mm_and_si128(before, digits), _mm_andnot_si128(before, shifted));
+      return _mm_or_si128(_mm_andnot_si128(isPoint, r), _mm_and_si128(isPoint, dot));
+    };
+    _mm_storeu_si128(at, place(c0, s0, _mm_setr_epi16(0, 1, 2, 3, 4, 5, 6, 7)));
+    _mm_storeu_si128(at + 1, place(c1, s1, _mm_setr_epi16(8, 9, 10, 11, 12, 13, 14, 15)));
     return k + n + 1;
   }
-  static constexpr char16_t kZeros[4] = {u'0', u'0', u'0', u'0'};
+  // "0", the point and up to three zeros, then the digits written over the
+  // zeros not kept.
   out[k] = u'0';
   out[k + 1] = point;
-  std::memcpy(out + k + 2, kZeros, sizeof kZeros);  // up to four zeros, -e-1 of them kept
+  out[k + 2] = out[k + 3] = out[k + 4] = u'0';
   k += 2 - e - 1;
-  std::memcpy(out + k, digits, kBlock);
+  at = reinterpret_cast<__m128i*>(out + k);
+  _mm_storeu_si128(at, c0);
+  _mm_storeu_si128(at + 1, c1);
   return k + n;
+#else
+  char16_t digits[16];
+  std::uint64_t rest = m;
+  for (int i = 14; i >= 0; --i) {
+    digits[i] = static_cast<char16_t>(u'0' + rest % 10);
+    rest /= 10;
+  }
+  (void)high;
+  (void)low;
+  int n = 15;
+  while (n > 1 && digits[n - 1] == u'0') --n;
+  if (e >= 0) {
+    for (int i = 0; i <= e; ++i) out[k++] = digits[i];
+    if (n <= e + 1) return k;
+    out[k++] = point;
+    for (int i = e + 1; i < n; ++i) out[k++] = digits[i];
+    return k;
+  }
+  out[k++] = u'0';
+  out[k++] = point;
+  for (int i = -1; i > e; --i) out[k++] = u'0';
+  for (int i = 0; i < n; ++i) out[k++] = digits[i];
+  return k;
+#endif
 }
 
 int writeText(double x, int precision, char16_t point, bool blank, char16_t* out) {
