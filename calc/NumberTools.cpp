@@ -111,22 +111,39 @@ std::int64_t segmentedPrimes(std::int64_t from, std::int64_t to, const std::func
                              const std::function<bool(std::int64_t)>& block) {
   from = std::max<std::int64_t>(from, 2);
   if (to < from) return 0;
+  // Odd numbers only, 2 handed over on its own: entry i of a block stands
+  // for first + 2i. Each odd base prime keeps the next odd multiple it
+  // strikes from one block to the next, so that no block divides.
   const std::vector<std::int64_t> base = smallPrimes(isqrt(to));
-  std::vector<char> composite(static_cast<size_t>(kSieveBlock));
+  std::vector<std::int64_t> next(base.size(), 0);
+  std::vector<char> composite(static_cast<size_t>(kSieveBlock / 2 + 1));
   std::int64_t count = 0;
   for (std::int64_t low = from; low <= to; low += kSieveBlock) {
     const std::int64_t high = std::min(to, low + kSieveBlock - 1);
-    std::fill(composite.begin(), composite.end(), 0);
-    for (const std::int64_t p : base) {
-      if (p * p > high) break;
-      // The first multiple of p in the block that is not p itself.
-      std::int64_t start = std::max(p * p, (low + p - 1) / p * p);
-      for (std::int64_t j = start; j <= high; j += p) composite[static_cast<size_t>(j - low)] = 1;
-    }
-    for (std::int64_t i = low; i <= high; ++i) {
-      if (composite[static_cast<size_t>(i - low)]) continue;
+    if (low == 2) {
       ++count;
-      if (take && !take(i)) return count;
+      if (take && !take(2)) return count;
+    }
+    const std::int64_t first = low | 1;
+    if (first <= high) {
+      const auto odds = static_cast<size_t>((high - first) / 2 + 1);
+      std::fill_n(composite.begin(), odds, 0);
+      for (size_t k = 1; k < base.size(); ++k) {
+        const std::int64_t p = base[k];
+        if (p * p > high) break;
+        std::int64_t j = next[k];
+        if (j == 0) {  // the first block that reaches p * p: the first odd multiple in it, not p itself
+          j = std::max(p * p, (first + p - 1) / p * p);
+          if (j % 2 == 0) j += p;
+        }
+        for (; j <= high; j += 2 * p) composite[static_cast<size_t>((j - first) / 2)] = 1;
+        next[k] = j;
+      }
+      for (size_t i = 0; i < odds; ++i) {
+        if (composite[i]) continue;
+        ++count;
+        if (take && !take(first + 2 * static_cast<std::int64_t>(i))) return count;
+      }
     }
     if (block && !block(high - from + 1)) return count;
   }

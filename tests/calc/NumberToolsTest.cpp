@@ -65,7 +65,8 @@ TEST(NumberTools, SegmentedSieveListsTheSamePrimesAsAPlainSieve) {
   const auto sieve = plainSieve(300000);
   // Ranges across block edges, starting below 2, and of one number.
   const std::pair<std::int64_t, std::int64_t> ranges[] = {
-      {0, 1000}, {1, 2}, {kSieveBlock - 10, 2 * kSieveBlock + 10}, {7919, 7919}, {7920, 7920}, {250000, 300000}};
+      {0, 1000}, {1, 2}, {2, 2}, {kSieveBlock - 10, 2 * kSieveBlock + 10}, {3, 3 * kSieveBlock + 3},
+      {7919, 7919}, {7920, 7920}, {250000, 300000}};
   for (const auto& [from, to] : ranges) {
     std::vector<std::int64_t> listed;
     const std::int64_t count = segmentedPrimes(from, to, [&](std::int64_t p) {
