@@ -6,6 +6,7 @@
 #include "shell/Strings.h"
 #include "shell/runtime/Format.h"
 #include "shell/runtime/NumberText.h"
+#include "shell/runtime/VectorState.h"
 
 namespace {
 
@@ -38,11 +39,17 @@ DrawStatistics drawStatistics(const DrawTable& draws, int tipoSorteo, const std:
   auto& complementary = s.frecDB[2];
   auto& reintegro = s.frecDB[3];
   const int rows = static_cast<int>(draws.numbers.size());
+  // The counts are floats: after other code (events, a hash) their plain
+  // vector instructions may wait on the registers' upper halves.
+  rt::clearUpperVectorState();
   for (int i = 0; i < rows; ++i) {
-    if (keepGoing && i % kStatisticsStep == 0 && !keepGoing(i)) {
-      DrawStatistics none;
-      none.stopped = true;
-      return none;
+    if (keepGoing && i % kStatisticsStep == 0) {
+      if (!keepGoing(i)) {
+        DrawStatistics none;
+        none.stopped = true;
+        return none;
+      }
+      rt::clearUpperVectorState();  // after the caller's code
     }
     if (!drawPassesFilter(draws, i, tipoSorteo)) continue;
     const auto& n = draws.numbers[i];
