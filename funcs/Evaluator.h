@@ -110,7 +110,7 @@ class Evaluator {
     p.busy = true;  // a run from inside a message box takes the variant machine
     double value;
     try {
-      value = p.fastRoot->eval(*p.fastRoot);
+      value = p.native ? p.native() : p.fastRoot->eval(*p.fastRoot);
     } catch (...) {
       p.busy = false;
       rethrowAsEvalError();

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "funcs/EvalError.h"
+#include "funcs/ExprNative.h"
 #include "shell/runtime/Numeric.h"
 #include "shell/runtime/RuntimeError.h"
 
@@ -229,7 +230,22 @@ constexpr auto fusedRuns(std::integer_sequence<int, I...>) {
 constexpr auto kFusedRuns =
     fusedRuns(std::make_integer_sequence<int, static_cast<int>(std::size(kFusedOuter)) * kInnerCount>());
 
+template <FastOp O>
+double operationOf(double a, double b, const FastNode& n) {
+  return apply<O>(n.k, n.function, n.library, a, b);
+}
+
+template <int... I>
+constexpr std::array<FastOperation, kFastOps> operations(std::integer_sequence<int, I...>) {
+  return {&operationOf<static_cast<FastOp>(I)>...};
+}
+constexpr auto kOperations = operations(std::make_integer_sequence<int, kFastOps>());
+
 }  // namespace
+
+int fastOperandCount(FastOp op) { return operandCount(op); }
+
+FastOperation fastOperation(FastOp op) { return kOperations[static_cast<size_t>(op)]; }
 
 double executeFast(const ExprProgram& p) {
   double last = 0;  // the value of the instruction just run
@@ -267,6 +283,8 @@ double executeFast(const ExprProgram& p) {
 void bindFastTree(ExprProgram& p) {
   p.fastTree.clear();
   p.fastRoot = nullptr;
+  p.native = nullptr;
+  p.nativeMemory.reset();
   for (const FastInstr& i : p.fastCode) {
     if (i.op == FastOp::CallN) return;  // its arguments are gathered from the frame
   }
@@ -295,6 +313,7 @@ void bindFastTree(ExprProgram& p) {
   };
   for (const FastInstr& i : p.fastCode) {
     FastNode n;
+    n.op = i.op;
     n.k = i.k;
     n.function = i.function;
     n.library = i.library;
@@ -338,11 +357,15 @@ void bindFastTree(ExprProgram& p) {
     if (!p.fastCode.empty() || isTemp(p.fastResult)) return p.fastTree.clear();
     FastNode leaf;
     leaf.eval = &runLeaf;
+    leaf.leaf = true;
     leaf.a = p.fastResult;
     p.fastTree.push_back(leaf);
     root = &p.fastTree.back();
   }
   p.fastRoot = root;
+  NativeCode native = buildNativeCode(*root);
+  p.native = native.run;
+  p.nativeMemory = std::move(native.memory);
 }
 
 bool checkVariables(const ExprProgram& p, const ExprSymbols& symbols) {

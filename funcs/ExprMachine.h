@@ -19,6 +19,16 @@ double executeFast(const ExprProgram& program);
 // Builds program.fastTree from its fast code, where the code has that shape.
 void bindFastTree(ExprProgram& program);
 bool checkVariables(const ExprProgram& program, const ExprSymbols& symbols);
+// How many operands an operation reads, and the routine that applies it to
+// them as a tree node does (b unused below two operands).
+int fastOperandCount(FastOp op);
+using FastOperation = double (*)(double a, double b, const FastNode& node);
+FastOperation fastOperation(FastOp op);
+// The program's value by the quickest of its machines.
+inline double runFastCode(const ExprProgram& program) {
+  if (program.native) return program.native();
+  return program.fastRoot ? program.fastRoot->eval(*program.fastRoot) : executeFast(program);
+}
 
 // Returns false, having done nothing, when a variable is not a plain number,
 // or when the program is already running further up the stack (the variant
@@ -33,7 +43,7 @@ inline bool runFast(const ExprProgram& program, const ExprSymbols& symbols, doub
     explicit Busy(bool& f) : flag(f) { flag = true; }
     ~Busy() { flag = false; }
   } busy(program.busy);
-  result = program.fastRoot ? program.fastRoot->eval(*program.fastRoot) : executeFast(program);
+  result = runFastCode(program);
   return true;
 }
 

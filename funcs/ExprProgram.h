@@ -70,6 +70,8 @@ struct FastInstr {
 // operand comes from (a value's address, or another node).
 struct FastNode {
   double (*eval)(const FastNode&) = nullptr;
+  FastOp op = FastOp::Add;
+  bool leaf = false;  // the program is a lone value, at a
   const double* a = nullptr;
   const double* b = nullptr;
   const FastNode* na = nullptr;
@@ -115,6 +117,9 @@ struct ExprProgram {
   std::vector<FastInstr> fastCode;
   std::vector<FastNode> fastTree;      // the same code as a tree, when it has one
   const FastNode* fastRoot = nullptr;  // in fastTree
+  // The tree as machine code where there is any (see ExprNative.h).
+  double (*native)() = nullptr;
+  std::shared_ptr<const void> nativeMemory;
   std::vector<const double*> fastArgs;
   std::vector<const unsigned char*> variableStates;
   const double* fastResult = nullptr;

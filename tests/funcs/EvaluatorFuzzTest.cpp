@@ -185,9 +185,9 @@ TEST_F(EvalTest, FastAndVariantPathsAgreeOnRandomFormulas) {
 }
 
 TEST_F(EvalTest, TheFastTreeRunsAsTheFastCodeBitForBit) {
-  // The same compiled program run by its tree and by its plain instruction
-  // list: the same value to the last bit, the same failure, the same
-  // messages of the library in the same order.
+  // The same compiled program run by its tree, by its plain instruction list
+  // and by its machine code: the same value to the last bit, the same
+  // failure, the same messages of the library in the same order.
   Generator gen(seed() + 5);
   LanguageFunctions language;
   ExprSymbols symbols;
@@ -197,6 +197,7 @@ TEST_F(EvalTest, TheFastTreeRunsAsTheFastCodeBitForBit) {
   QElapsedTimer clock;
   clock.start();
   int trees = 0;
+  int natives = 0;
   int failures = 0;
   while (clock.elapsed() < budgetMs() / 2) {
     for (int slot : slots) symbols.assignNumber(slot, gen.value());
@@ -209,11 +210,14 @@ TEST_F(EvalTest, TheFastTreeRunsAsTheFastCodeBitForBit) {
     }
     if (!program.fastRoot) continue;  // no fast code, or a call of many arguments
     ++trees;
-    auto run = [&](bool tree, double& value, std::vector<QString>& shown) {
+    enum Machine { kList, kTree, kNative };
+    auto run = [&](Machine machine, double& value, std::vector<QString>& shown) {
       const size_t before = messages.shown().size();
       int error = 0;
       try {
-        value = tree ? program.fastRoot->eval(*program.fastRoot) : executeFast(program);
+        value = machine == kNative ? program.native()
+                : machine == kTree ? program.fastRoot->eval(*program.fastRoot)
+                                   : executeFast(program);
       } catch (const rt::RuntimeError& e) {
         error = e.number();
       }
@@ -222,18 +226,32 @@ TEST_F(EvalTest, TheFastTreeRunsAsTheFastCodeBitForBit) {
     };
     double byTree = 0, byList = 0;
     std::vector<QString> treeMessages, listMessages;
-    const int treeError = run(true, byTree, treeMessages);
-    const int listError = run(false, byList, listMessages);
+    const int treeError = run(kTree, byTree, treeMessages);
+    const int listError = run(kList, byList, listMessages);
     ASSERT_EQ(treeError, listError) << formula.toStdString();
     if (treeError == 0) {
       ASSERT_EQ(std::bit_cast<std::uint64_t>(byTree), std::bit_cast<std::uint64_t>(byList)) << formula.toStdString();
     }
     ASSERT_EQ(treeMessages, listMessages) << formula.toStdString();
+    // The machine code where the system gives it, failures thrown through it.
+    if (program.native) {
+      ++natives;
+      double byNative = 0;
+      std::vector<QString> nativeMessages;
+      ASSERT_EQ(run(kNative, byNative, nativeMessages), treeError) << formula.toStdString();
+      if (treeError == 0) {
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(byNative), std::bit_cast<std::uint64_t>(byTree)) << formula.toStdString();
+      }
+      ASSERT_EQ(nativeMessages, treeMessages) << formula.toStdString();
+    }
     failures += treeError != 0;
     messages.clear();
   }
   EXPECT_GT(trees, 1000);
   EXPECT_GT(failures, trees / 50);
+#if defined(__x86_64__) && defined(__linux__)
+  EXPECT_EQ(natives, trees);
+#endif
 }
 
 TEST_F(EvalTest, CompiledNumbersAgreeWithTheVariantPath) {
