@@ -1,8 +1,10 @@
 #include "funcs/ExprNative.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <vector>
 
 #include "funcs/ExprMachine.h"
