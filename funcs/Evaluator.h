@@ -32,6 +32,7 @@
 #include <vector>
 
 #include "funcs/EvalError.h"
+#include "funcs/ExprMachine.h"
 #include "funcs/ExprProgram.h"
 #include "funcs/ExprSymbols.h"
 #include "funcs/LanguageFunctions.h"
@@ -110,7 +111,7 @@ class Evaluator {
     p.busy = true;  // a run from inside a message box takes the variant machine
     double value;
     try {
-      value = p.native ? p.native() : p.fastRoot->eval(*p.fastRoot);
+      value = runFastCode(p);
     } catch (...) {
       p.busy = false;
       rethrowAsEvalError();

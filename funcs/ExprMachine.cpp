@@ -363,7 +363,11 @@ void bindFastTree(ExprProgram& p) {
     root = &p.fastTree.back();
   }
   p.fastRoot = root;
-  NativeCode native = buildNativeCode(*root);
+}
+
+void makeNativeCode(const ExprProgram& p) {
+  if (!p.fastRoot || p.native) return;
+  NativeCode native = buildNativeCode(*p.fastRoot);
   p.native = native.run;
   p.nativeMemory = std::move(native.memory);
 }

@@ -24,10 +24,17 @@ bool checkVariables(const ExprProgram& program, const ExprSymbols& symbols);
 int fastOperandCount(FastOp op);
 using FastOperation = double (*)(double a, double b, const FastNode& node);
 FastOperation fastOperation(FastOp op);
-// The program's value by the quickest of its machines.
+// Gives a program with a tree its machine code, where the system allows it.
+void makeNativeCode(const ExprProgram& program);
+// The program's value by the quickest of its machines. Making machine code
+// costs about as much as a thousand runs of the tree saves: a formula gets
+// it from its 200th run (a table, a plot), not at its compiling (a single
+// value, a solver's few runs).
 inline double runFastCode(const ExprProgram& program) {
   if (program.native) return program.native();
-  return program.fastRoot ? program.fastRoot->eval(*program.fastRoot) : executeFast(program);
+  if (!program.fastRoot) return executeFast(program);
+  if (++program.treeRuns == 200) makeNativeCode(program);
+  return program.fastRoot->eval(*program.fastRoot);
 }
 
 // Returns false, having done nothing, when a variable is not a plain number,

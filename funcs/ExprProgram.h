@@ -117,9 +117,11 @@ struct ExprProgram {
   std::vector<FastInstr> fastCode;
   std::vector<FastNode> fastTree;      // the same code as a tree, when it has one
   const FastNode* fastRoot = nullptr;  // in fastTree
-  // The tree as machine code where there is any (see ExprNative.h).
-  double (*native)() = nullptr;
-  std::shared_ptr<const void> nativeMemory;
+  // The tree as machine code where there is any (see ExprNative.h), made
+  // once the tree has run often enough to repay the making.
+  mutable double (*native)() = nullptr;
+  mutable std::shared_ptr<const void> nativeMemory;
+  mutable std::uint32_t treeRuns = 0;
   std::vector<const double*> fastArgs;
   std::vector<const unsigned char*> variableStates;
   const double* fastResult = nullptr;

@@ -210,6 +210,7 @@ TEST_F(EvalTest, TheFastTreeRunsAsTheFastCodeBitForBit) {
     }
     if (!program.fastRoot) continue;  // no fast code, or a call of many arguments
     ++trees;
+    makeNativeCode(program);
     enum Machine { kList, kTree, kNative };
     auto run = [&](Machine machine, double& value, std::vector<QString>& shown) {
       const size_t before = messages.shown().size();
