@@ -27,9 +27,10 @@ FastOperation fastOperation(FastOp op);
 // Gives a program with a tree its machine code, where the system allows it.
 void makeNativeCode(const ExprProgram& program);
 // The program's value by the quickest of its machines. Making machine code
-// costs about as much as a thousand runs of the tree saves: a formula gets
-// it from its 200th run (a table, a plot), not at its compiling (a single
-// value, a solver's few runs).
+// takes about ten microseconds, what a few hundred to a thousand runs of
+// the tree save: a formula gets it at its 200th run (a table or a plot runs
+// it thousands of times), never at its compiling (a single value, a
+// solver's few runs).
 inline double runFastCode(const ExprProgram& program) {
   if (program.native) return program.native();
   if (!program.fastRoot) return executeFast(program);
