@@ -193,43 +193,6 @@ constexpr std::array<NodeRun, kFastOps * 4> nodeRuns(std::integer_sequence<int, 
 }
 constexpr auto kNodeRuns = nodeRuns(std::make_integer_sequence<int, kFastOps * 4>());
 
-// A one-operand node whose operand is a node on plain values only, such as
-// sin(A*x) or lg(x+1), runs as one: the inner operation in place, without
-// the call to its node (which stays in the tree for its fields).
-constexpr FastOp kFusedOuter[] = {
-    FastOp::Square, FastOp::Neg, FastOp::Call1, FastOp::AddK, FastOp::SubK, FastOp::KSub,
-    FastOp::MulK,   FastOp::DivK, FastOp::KDiv, FastOp::PowK, FastOp::Sin,  FastOp::Cos,
-    FastOp::Tan,    FastOp::Atn, FastOp::Exp,  FastOp::Log,  FastOp::Sqr,  FastOp::Abs};
-constexpr FastOp kFusedInner[] = {
-    FastOp::Add,  FastOp::Sub,  FastOp::Mul,  FastOp::Div,  FastOp::Pow, FastOp::Square,
-    FastOp::Neg,  FastOp::Call1, FastOp::AddK, FastOp::SubK, FastOp::KSub, FastOp::MulK,
-    FastOp::DivK, FastOp::KDiv, FastOp::PowK, FastOp::Sin,  FastOp::Cos, FastOp::Tan,
-    FastOp::Atn,  FastOp::Exp,  FastOp::Log,  FastOp::Sqr,  FastOp::Abs};
-constexpr int kInnerCount = static_cast<int>(std::size(kFusedInner));
-
-template <std::size_t N>
-constexpr int positionOf(const FastOp (&list)[N], FastOp op) {
-  for (std::size_t i = 0; i < N; ++i) {
-    if (list[i] == op) return static_cast<int>(i);
-  }
-  return -1;
-}
-
-template <FastOp U, FastOp B>
-double runFused(const FastNode& n) {
-  const FastNode& inner = *n.na;
-  const double a = *inner.a;
-  const double b = operandCount(B) == 2 ? *inner.b : 0;
-  return apply<U>(n.k, n.function, n.library, apply<B>(inner.k, inner.function, inner.library, a, b), 0);
-}
-
-template <int... I>
-constexpr auto fusedRuns(std::integer_sequence<int, I...>) {
-  return std::array<NodeRun, sizeof...(I)>{&runFused<kFusedOuter[I / kInnerCount], kFusedInner[I % kInnerCount]>...};
-}
-constexpr auto kFusedRuns =
-    fusedRuns(std::make_integer_sequence<int, static_cast<int>(std::size(kFusedOuter)) * kInnerCount>());
-
 template <FastOp O>
 double operationOf(double a, double b, const FastNode& n) {
   return apply<O>(n.k, n.function, n.library, a, b);
@@ -299,11 +262,6 @@ void bindFastTree(ExprProgram& p) {
   constexpr int kDeepest = 200;
   std::vector<int> depth;
   depth.reserve(p.fastCode.size());
-  // Each node's operation, and whether its operands are all plain values.
-  std::vector<FastOp> ops;
-  std::vector<char> onValues;
-  ops.reserve(p.fastCode.size());
-  onValues.reserve(p.fastCode.size());
   auto depthOf = [&](const FastNode* node) { return node ? depth[static_cast<size_t>(node - p.fastTree.data())] : 0; };
   auto take = [&](const double* x, const FastNode*& node) -> bool {
     if (!isTemp(x)) return true;
@@ -330,18 +288,10 @@ void bindFastTree(ExprProgram& p) {
       sb = n.nb ? kNode : kAddress;
     }
     n.eval = kNodeRuns[static_cast<size_t>(static_cast<int>(i.op) * 4 + sa * 2 + sb)];
-    if (count == 1 && n.na) {
-      const auto at = static_cast<size_t>(n.na - p.fastTree.data());
-      const int outer = positionOf(kFusedOuter, i.op);
-      const int inner = positionOf(kFusedInner, ops[at]);
-      if (outer >= 0 && inner >= 0 && onValues[at]) n.eval = kFusedRuns[static_cast<size_t>(outer * kInnerCount + inner)];
-    }
     const int d = 1 + std::max(depthOf(n.na), depthOf(n.nb));
     if (d > kDeepest) return p.fastTree.clear();
     p.fastTree.push_back(n);
     depth.push_back(d);
-    ops.push_back(i.op);
-    onValues.push_back(sa == kAddress && sb == kAddress);
     if (!isTemp(i.dst)) return p.fastTree.clear();
     holder[static_cast<size_t>(i.dst - temps)] = &p.fastTree.back();
   }
