@@ -369,9 +369,9 @@ int quickText15(double x, char16_t point, bool blank, char16_t* out) {
   int k = 0;
   if (x < 0) out[k++] = u'-';
   else if (blank) out[k++] = u' ';
+#if defined(__SSE2__)
   const auto high = static_cast<std::uint32_t>(m / 100'000'000);  // the first 7 digits
   const auto low = static_cast<std::uint32_t>(m % 100'000'000);   // the last 8
-#if defined(__SSE2__)
   // The digits stay in two registers, lanes 0-7 and 8-14, and the text is
   // put together there: written digits read back at once would wait on the
   // writes.
@@ -427,8 +427,6 @@ int quickText15(double x, char16_t point, bool blank, char16_t* out) {
     digits[i] = static_cast<char16_t>(u'0' + rest % 10);
     rest /= 10;
   }
-  (void)high;
-  (void)low;
   int n = 15;
   while (n > 1 && digits[n - 1] == u'0') --n;
   if (e >= 0) {
